@@ -1,0 +1,59 @@
+# One function a library, so that every unit is built, checked and installed alike.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(ZAVGEO_CCACHE ccache)
+if(ZAVGEO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${ZAVGEO_CCACHE})
+endif()
+
+add_library(zavgeo_options INTERFACE)
+target_compile_options(
+  zavgeo_options
+  INTERFACE -Wall -Wextra -Wconversion -Wshadow
+            # The same numbers on every compiler and processor: no fused multiply-add.
+            -ffp-contract=off $<$<BOOL:${ZAVGEO_WERROR}>:-Werror>)
+if(ZAVGEO_SANITIZE)
+  target_compile_options(zavgeo_options INTERFACE -fsanitize=address,undefined
+                                                  -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zavgeo_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(ZAVGEO_FUZZ)
+  target_compile_options(
+    zavgeo_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(zavgeo_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# zavgeo_library(NAME SOURCES ... HEADERS ... [LINKS ...]): a static library zavgeo_NAME, alias
+# zavgeo::NAME. Headers are included by their path below src, in the tree and installed.
+function(zavgeo_library Name)
+  cmake_parse_arguments(arg "" "" "SOURCES;HEADERS;LINKS;PRIVATE_LINKS" ${ARGN})
+  set(target zavgeo_${Name})
+  add_library(${target} STATIC)
+  add_library(zavgeo::${Name} ALIAS ${target})
+  target_sources(${target} PRIVATE ${arg_SOURCES})
+  target_sources(
+    ${target}
+    PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/src FILES ${arg_HEADERS})
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE $<BUILD_INTERFACE:zavgeo_options>
+                                                              ${arg_PRIVATE_LINKS})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${Name})
+  set_property(GLOBAL APPEND PROPERTY ZAVGEO_LIBRARIES ${target})
+endfunction()
+
+# zavgeo_test(NAME SOURCES ... [LINKS ...] [ENVIRONMENT ...]): a GoogleTest program zavgeo_NAME_test.
+function(zavgeo_test Name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
+  set(target zavgeo_${Name}_test)
+  add_executable(${target} ${arg_SOURCES})
+  target_link_libraries(${target} PRIVATE zavgeo_options ${arg_LINKS} GTest::gtest_main)
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(
+    ${target} PRIVATE ZAVGEO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+                      ZAVGEO_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
+  gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()

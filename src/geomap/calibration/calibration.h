@@ -1,0 +1,145 @@
+// calibration.h - a calibration: its items, the fitted model and the conversions between pixels and
+// geographic positions. Works without any control or image.
+//
+// Every operation that changes an item fits the model again and recomputes corners and resolution.
+// Errors are EZAVGeoMapError with the bare reason as text; a control puts its own name before it.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_CALIBRATION_CALIBRATION_H
+#define ZAV_GEOMAP_CALIBRATION_CALIBRATION_H
+
+#include <array>
+#include <cstdint>
+
+#include <geomap/calibration/calib_data.h>
+#include <geomap/errors.h>
+#include <platform/base/matrix.h>
+#include <platform/base/progress.h>
+
+namespace zav {
+
+// What the fits leave behind; which of it counts depends on the model. Zero until fitted.
+struct TCalibCoefficients {
+  // First order (cmEquiRect, cmUTM): value = [0] + [1]*X + [2]*Y, pixel = [0] + [1]*Lat + [2]*Long.
+  std::array<double, 3> CalCoefLat{}, CalCoefLong{}, CalCoefPixX{}, CalCoefPixY{};
+  // Second order: 1, X, Y, X*X, X*Y, Y*Y and 1, Lat, Long, Lat*Lat, Lat*Long, Long*Long.
+  std::array<double, 6> BiqCoefLat{}, BiqCoefLong{}, BiqCoefPixX{}, BiqCoefPixY{};
+  // Slope and intercept of Y against ln(tan(0.4 Lat + 45 deg)), then of X against the longitude.
+  std::array<double, 4> MillerParams{};
+  // Pole pixel X and Y; slope and intercept of the latitude against the radius; of the longitude
+  // against the angle.
+  std::array<double, 6> ConicParams{};
+  friend bool operator==(const TCalibCoefficients&, const TCalibCoefficients&) = default;
+};
+
+class TCalibration {
+ public:
+  TCalibration();
+
+  // --- state -------------------------------------------------------------------------------------
+  const TCalibData& Data() const noexcept { return FData; }
+  TCalibModel Model() const noexcept { return FModel; }
+  const TCalibCoefficients& Coefficients() const noexcept { return FCoef; }
+  // 5 columns (1 = parallel or 0 = meridian, value, c0, c1, c2), one row a calibration line.
+  const TMatrix& GratMat() const noexcept { return FGratMat; }
+
+  // Replaces items and model at once, then recalculates once.
+  void SetData(const TCalibData& Data, TCalibModel Model);
+  // Keeps the items and recalculates.
+  void SetModel(TCalibModel Model);
+  // The map image's size in pixels, 0 when there is none. It is an input of the conic fit and of the
+  // corners; nothing is recalculated by this call.
+  void SetImageSize(int32_t Width, int32_t Height) noexcept;
+  int32_t ImageWidth() const noexcept { return FImageWidth; }
+  int32_t ImageHeight() const noexcept { return FImageHeight; }
+
+  void SetMapFName(const std::string& Name) { FData.MapFName = Name; }
+  void SetCaption(const std::string& Caption) { FData.Caption = Caption; }
+  // Accepts 1..60, ignores anything else. No refit, like the hemisphere and the ellipsoid.
+  void SetUTMZone(int32_t Zone) noexcept;
+  void SetUTMHemisphere(THemisphere Hemisphere) noexcept;
+  void SetEllipsoid(TGeoEllipsoid Ellipsoid) noexcept { FData.Ellipsoid = Ellipsoid; }
+
+  // --- items -------------------------------------------------------------------------------------
+  // Adds a point of a graticule line; cmParabolicIp only. Always false, whether added or not; a full
+  // line (10 points) or table (25 lines) ignores the point.
+  bool AddCalibPoint(TGratLineKind LineKind, double LineValue, int32_t X, int32_t Y);
+  // Adds a control point in degrees; all models but cmParabolicIp, cmUTM and cmUndefined. False when
+  // there are 200 already.
+  bool AddCalibPoint(double Lat, double Long, int32_t X, int32_t Y);
+  // Adds a control point in UTM metres; cmUTM only, in the zone and hemisphere set before. False when
+  // there are 200 already.
+  bool AddCalibPoint(double Northing, double Easting, int32_t Zone, THemisphere Hemisphere,
+                     int32_t X, int32_t Y);
+  // Removes the item nearest to the pixel, the first of equally near ones, and remembers it. The last
+  // item takes its place. False when there was none.
+  bool RemoveCalibPoint(int32_t X, int32_t Y);
+  // Removes the point (X, Y) of the named line, or the line's last point when none is there;
+  // cmParabolicIp only. Always false.
+  bool RemoveCalibPoint(TGratLineKind LineKind, double LineValue, int32_t X, int32_t Y);
+  // Adds the item again that RemoveCalibPoint(X, Y) removed last. Refused under cmUTM with the error
+  // of AddCalibPoint.
+  void RestoreLastDeletedCalPoint();
+  // Removes all items, corners, zone, ellipsoid and the polynomial coefficients; map file name,
+  // caption, model, Miller and conic parameters stay.
+  void ClearCalibData();
+  // Multiplies every pixel position by Factor, rounded, and recalculates.
+  void ScalePixels(double Factor);
+
+  // --- fitting -----------------------------------------------------------------------------------
+  void RecalcCalibration(TProgress& Progress = DefaultProgress());
+  // The parabolas of the graticule lines. True with at least 2 parallels and 2 meridians of 3 or more
+  // points; otherwise the matrix is one row of zeros.
+  bool RecalcGratMat();
+  // Fits the current model, without RecalcGratMat and CalcExtentsAndResolution.
+  void FitModel(TProgress& Progress = DefaultProgress());
+  // Corners and resolution from the fitted model and the image size.
+  void CalcExtentsAndResolution();
+  // Standard deviation, in pixels along X and Y, of the difference between the control points' pixels
+  // as predicted (rounded) and as given. 0 without control points.
+  void CalibQuality(double& QualX, double& QualY) const;
+
+  // --- conversion --------------------------------------------------------------------------------
+  // Degrees of a pixel. Valid = false and 0 when the model cannot tell.
+  double CalcLatitude(int32_t X, int32_t Y, bool& Valid) const;
+  double CalcLatitude(TPoint P, bool& Valid) const { return CalcLatitude(P.X, P.Y, Valid); }
+  double CalcLongitude(int32_t X, int32_t Y, bool& Valid) const;
+  double CalcLongitude(TPoint P, bool& Valid) const { return CalcLongitude(P.X, P.Y, Valid); }
+  // Pixel of a position in degrees; the result tells whether it is valid. X and Y are left alone
+  // where the model gives nothing.
+  bool CalcPixelCoords(double Lat, double Long, int32_t& X, int32_t& Y) const;
+  // Pixel of a UTM position in metres; under other models than cmUTM (0, 0) and false.
+  bool CalcPixelCoordsUTM(double Northing, double Easting, int32_t& X, int32_t& Y) const;
+  // Where a pixel column (row) meets the grid line of a northing (easting); cmUTM only.
+  int32_t CalcUTMyFromNorthingX(double Northing, int32_t X) const;
+  int32_t CalcUTMxFromEastingY(double Easting, int32_t Y) const;
+  bool IsPositionWithinMap(double Lat, double Long) const;
+
+  // The same conversions between pixels and degrees without rounding. ToPixel uses the unrounded row
+  // in the conic model. False, and the outputs 0, when the model gives nothing.
+  bool ToGeo(double X, double Y, TCoords& Position) const;
+  bool ToPixel(double Lat, double Long, double& X, double& Y) const;
+
+  friend bool operator==(const TCalibration&, const TCalibration&) = default;
+
+ private:
+  TCalibData FData;
+  TCalibModel FModel = TCalibModel::cmUndefined;
+  TCalibCoefficients FCoef;
+  TMatrix FGratMat;
+  int32_t FImageWidth = 0;
+  int32_t FImageHeight = 0;
+
+  TCalQuad FLastDelQuad;
+  bool FLastDelQuadValid = false;
+  TGratLineKind FLastDelLineKind = TGratLineKind::gtlMeridian;
+  double FLastDelLineValue = 0;
+  TPoint FLastDelLinePt;
+  bool FLastDelLinePtValid = false;
+};
+
+// Whether the position lies strictly inside the quadrilateral of the corners.
+bool PositionInMap(double Lat, double Long, const TCornerArray& Corners);
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,37 @@
+// errors.h - the exceptions of this library.
+//
+// Every error is an EZAVError; each unit derives one class of its own from it. The text says what is
+// wrong in words that can be shown to a person.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_BASE_ERRORS_H
+#define ZAV_PLATFORM_BASE_ERRORS_H
+
+#include <stdexcept>
+#include <string>
+
+namespace zav {
+
+// The root of all errors thrown by this library.
+class EZAVError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A file could not be opened, read or written, or its content is damaged. The text holds the path
+// and the reason; both can also be asked for alone.
+class EInOutError : public EZAVError {
+ public:
+  EInOutError(const std::string& Path, const std::string& Reason)
+      : EZAVError(Path + ": " + Reason), FPath(Path), FReason(Reason) {}
+
+  const std::string& Path() const noexcept { return FPath; }
+  const std::string& Reason() const noexcept { return FReason; }
+
+ private:
+  std::string FPath;
+  std::string FReason;
+};
+
+}  // namespace zav
+
+#endif

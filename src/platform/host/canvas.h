@@ -1,0 +1,85 @@
+// canvas.h - the interface on which maps, symbols and captions are drawn.
+//
+// Raster rules, the same for every implementation on pixels:
+// - A line excludes its last pixel and is the same pixels in both directions and under any clip.
+// - Rectangles and ellipses cover X1..X2-1 and Y1..Y2-1.
+// - A polygon's fill meets its outline without gap or leak.
+// - Pens are Pen.Width pixels wide and are not smoothed.
+// - Drawing twice with the exclusive-or mode restores every pixel.
+// - Text is placed by its top left corner and turned about it; with a solid brush the text's box is
+//   filled with the brush colour first.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_HOST_CANVAS_H
+#define ZAV_PLATFORM_HOST_CANVAS_H
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include <platform/base/color.h>
+#include <platform/base/geometry.h>
+#include <platform/host/font.h>
+
+namespace zav {
+
+class TBitmap;
+
+enum class TPenStyle : uint8_t { psSolid, psDot, psClear };
+// pmXor: the pixel becomes its exclusive-or with the pen colour.
+enum class TPenMode : uint8_t { pmCopy, pmXor };
+enum class TBrushStyle : uint8_t { bsSolid, bsClear };
+// How bitmaps are stretched: smColorOnColor takes the nearest pixel; smHalftone averages all source
+// pixels under a target pixel when shrinking and interpolates when enlarging.
+enum class TStretchMode : uint8_t { smColorOnColor, smHalftone };
+
+struct TPen {
+  TColor Color = clBlack;
+  TPenStyle Style = TPenStyle::psSolid;
+  TPenMode Mode = TPenMode::pmCopy;
+  int32_t Width = 1;
+  friend bool operator==(const TPen&, const TPen&) = default;
+};
+
+struct TBrush {
+  TColor Color = clWhite;
+  TBrushStyle Style = TBrushStyle::bsSolid;
+  friend bool operator==(const TBrush&, const TBrush&) = default;
+};
+
+class TCanvas {
+ public:
+  virtual ~TCanvas() = default;
+
+  // The drawing state; set it before a call, it stays until it is changed.
+  TPen Pen;
+  TBrush Brush;
+  TFont Font;
+
+  virtual void MoveTo(int32_t X, int32_t Y) = 0;
+  // Draws from the current position to (X, Y), which becomes the current position.
+  virtual void LineTo(int32_t X, int32_t Y) = 0;
+  // Draws lines through the points; the current position is not used and not changed.
+  virtual void Polyline(std::span<const TPoint> Points) = 0;
+  // Closes the outline, fills with the brush, draws the outline with the pen.
+  virtual void Polygon(std::span<const TPoint> Points) = 0;
+  // Outline with the pen, inside with the brush.
+  virtual void Rectangle(int32_t X1, int32_t Y1, int32_t X2, int32_t Y2) = 0;
+  virtual void Ellipse(int32_t X1, int32_t Y1, int32_t X2, int32_t Y2) = 0;
+  // Fills with the brush colour; the pen is not used.
+  virtual void FillRect(const TRect& Area) = 0;
+
+  virtual void TextOut(int32_t X, int32_t Y, std::string_view Text) = 0;
+  virtual TSize TextExtent(std::string_view Text) = 0;
+
+  // Copies Source of the bitmap to (X, Y) pixel by pixel (after any scale of the canvas). Parts of
+  // Source outside the bitmap are not drawn.
+  virtual void CopyRect(int32_t X, int32_t Y, const TBitmap& Bitmap, const TRect& Source) = 0;
+  // Stretches Source, which may lie between pixels and stick out of the bitmap, over Dest. The
+  // mapping follows from the two whole rectangles; what of Source lies outside is not drawn.
+  virtual void StretchDraw(const TRect& Dest, const TBitmap& Bitmap, const TRectDouble& Source,
+                           TStretchMode Mode) = 0;
+};
+
+}  // namespace zav
+
+#endif

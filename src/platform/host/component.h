@@ -1,0 +1,71 @@
+// component.h - objects that can be assigned, named and owned.
+//
+// An owner deletes the components that are still registered with it when it dies; a component that
+// dies first takes itself out of its owner's list. A component without an owner belongs to whoever
+// holds it.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_HOST_COMPONENT_H
+#define ZAV_PLATFORM_HOST_COMPONENT_H
+
+#include <string>
+#include <vector>
+
+#include <platform/base/errors.h>
+
+namespace zav {
+
+// Thrown when an object is assigned from one of a kind that it cannot take.
+class EConvertError : public EZAVError {
+ public:
+  using EZAVError::EZAVError;
+};
+
+class TPersistent {
+ public:
+  virtual ~TPersistent() = default;
+
+  // Takes over the state of Source. The default asks Source.AssignTo(*this).
+  virtual void Assign(const TPersistent& Source);
+  // Copies the state into Dest. The default throws EConvertError.
+  virtual void AssignTo(TPersistent& Dest) const;
+
+ protected:
+  TPersistent() = default;
+  TPersistent(const TPersistent&) = default;
+  TPersistent& operator=(const TPersistent&) = default;
+};
+
+class TComponent : public TPersistent {
+ public:
+  explicit TComponent(TComponent* Owner = nullptr);
+  ~TComponent() override;
+  TComponent(const TComponent&) = delete;
+  TComponent& operator=(const TComponent&) = delete;
+
+  TComponent* Owner() const noexcept { return FOwner; }
+  const std::vector<TComponent*>& Components() const noexcept { return FComponents; }
+
+  const std::string& Name() const noexcept { return FName; }
+  void SetName(const std::string& Name) { FName = Name; }
+
+  // True while the component's properties are being read from a stream.
+  bool Loading() const noexcept { return FLoading; }
+  void SetLoading(bool Loading) noexcept { FLoading = Loading; }
+  // True while the component is shown in a form designer.
+  bool Designing() const noexcept { return FDesigning; }
+  void SetDesigning(bool Designing) noexcept { FDesigning = Designing; }
+
+  // Reason, framed as every component message is: Component "NAME": REASON
+  std::string ComponentMessage(const std::string& Reason) const;
+
+ private:
+  TComponent* FOwner;
+  std::vector<TComponent*> FComponents;
+  std::string FName;
+  bool FLoading = false;
+  bool FDesigning = false;
+};
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,29 @@
+// host.h - what the library asks of the framework it runs in.
+//
+// One host object is passed to every control; nothing here is global. There are two hosts: the Qt
+// adapter's, and the one of the tests, which needs no display.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_HOST_HOST_H
+#define ZAV_PLATFORM_HOST_HOST_H
+
+#include <memory>
+
+#include <platform/host/control.h>
+#include <platform/host/font.h>
+
+namespace zav {
+
+class THost {
+ public:
+  virtual ~THost() = default;
+
+  virtual TFontEngine& Fonts() = 0;
+  // Makes the window of a control. Called once by the control's constructor; the control owns it.
+  virtual std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) = 0;
+  // Delivers the application's pending events.
+  virtual void ProcessMessages() = 0;
+};
+
+}  // namespace zav
+
+#endif

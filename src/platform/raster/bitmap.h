@@ -1,0 +1,68 @@
+// bitmap.h - a picture in plain memory, 15, 24 or 32 bits a pixel.
+//
+// A value: copies are deep. Rows are stored top down, each padded to a multiple of 4 bytes.
+// 15 bits: uint16 0RRRRRGGGGGBBBBB. 24 bits: bytes B, G, R. 32 bits: uint32 0xFFRRGGBB (bytes
+// B, G, R, 255). 8-bit channels become 5 bits by dropping the low bits, and 8 bits again by
+// (v << 3) | (v >> 2).
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_RASTER_BITMAP_H
+#define ZAV_PLATFORM_RASTER_BITMAP_H
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include <platform/base/color.h>
+#include <platform/base/geometry.h>
+
+namespace zav {
+
+enum class TPixelFormat : uint8_t { pf15bit = 4, pf24bit = 6, pf32bit = 7 };
+
+constexpr int BytesPerPixel(TPixelFormat Format) noexcept {
+  return Format == TPixelFormat::pf15bit ? 2 : Format == TPixelFormat::pf24bit ? 3 : 4;
+}
+
+class TBitmap {
+ public:
+  TBitmap() = default;
+  explicit TBitmap(TPixelFormat Format) : FFormat(Format) {}
+  TBitmap(int32_t Width, int32_t Height, TPixelFormat Format);
+
+  int32_t Width() const noexcept { return FWidth; }
+  int32_t Height() const noexcept { return FHeight; }
+  bool Empty() const noexcept { return FWidth == 0 || FHeight == 0; }
+  TPixelFormat PixelFormat() const noexcept { return FFormat; }
+  // Bytes from one row to the next.
+  size_t Stride() const noexcept { return FStride; }
+
+  // Changes the size; the common part keeps its pixels, new ones are black. Negative sizes count as
+  // 0. Throws std::bad_alloc when there is no memory; the bitmap is then as before.
+  void SetSize(int32_t Width, int32_t Height);
+
+  // The first byte of a row, 0 <= Y < Height().
+  uint8_t* Row(int32_t Y) noexcept { return FPixels.data() + static_cast<size_t>(Y) * FStride; }
+  const uint8_t* Row(int32_t Y) const noexcept {
+    return FPixels.data() + static_cast<size_t>(Y) * FStride;
+  }
+
+  // One pixel. Outside the bitmap reading gives 0 and writing does nothing.
+  TColor Pixel(int32_t X, int32_t Y) const noexcept;
+  void SetPixel(int32_t X, int32_t Y, TColor Color) noexcept;
+
+  // The same picture in another pixel format.
+  TBitmap Converted(TPixelFormat Format) const;
+
+  friend bool operator==(const TBitmap&, const TBitmap&) = default;
+
+ private:
+  int32_t FWidth = 0;
+  int32_t FHeight = 0;
+  TPixelFormat FFormat = TPixelFormat::pf32bit;
+  size_t FStride = 0;
+  std::vector<uint8_t> FPixels;
+};
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,40 @@
+// raster_canvas.h - a canvas that draws on a bitmap by the rules told in canvas.h.
+//
+// Coordinates are pixels of the bitmap; whatever lies outside is clipped.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
+#define ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
+
+#include <platform/host/canvas.h>
+#include <platform/raster/bitmap.h>
+
+namespace zav {
+
+class TRasterCanvas final : public TCanvas {
+ public:
+  // Both must outlive the canvas. Without a font engine text has no size and draws nothing.
+  explicit TRasterCanvas(TBitmap& Target, TFontEngine* Fonts = nullptr) noexcept
+      : FTarget(Target), FFonts(Fonts) {}
+
+  void MoveTo(int32_t X, int32_t Y) override { FPosition = {X, Y}; }
+  void LineTo(int32_t X, int32_t Y) override;
+  void Polyline(std::span<const TPoint> Points) override;
+  void Polygon(std::span<const TPoint> Points) override;
+  void Rectangle(int32_t X1, int32_t Y1, int32_t X2, int32_t Y2) override;
+  void Ellipse(int32_t X1, int32_t Y1, int32_t X2, int32_t Y2) override;
+  void FillRect(const TRect& Area) override;
+  void TextOut(int32_t X, int32_t Y, std::string_view Text) override;
+  TSize TextExtent(std::string_view Text) override;
+  void CopyRect(int32_t X, int32_t Y, const TBitmap& Bitmap, const TRect& Source) override;
+  void StretchDraw(const TRect& Dest, const TBitmap& Bitmap, const TRectDouble& Source,
+                   TStretchMode Mode) override;
+
+ private:
+  TBitmap& FTarget;
+  TFontEngine* FFonts;
+  TPoint FPosition;
+};
+
+}  // namespace zav
+
+#endif
