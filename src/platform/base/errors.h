@@ -1,8 +1,7 @@
 // errors.h - the exceptions of this library.
 //
-// Every error is an EZAVError; each unit derives one class of its own from it. The text says what is
-// wrong in words that can be shown to a person.
-// SPDX-License-Identifier: MIT
+// Every error is an EZAVError; each unit derives one class of its own from it. The text says what
+// is wrong in words that can be shown to a person. SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_BASE_ERRORS_H
 #define ZAV_PLATFORM_BASE_ERRORS_H
 

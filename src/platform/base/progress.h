@@ -9,8 +9,8 @@
 namespace zav {
 
 // A counter, an optional callback that receives it and a flag that asks the computation to stop.
-// Functions that report progress take one of these; a computation increments Counter, calls Feedback
-// when it is set, then looks at Abort, which the callback may have set.
+// Functions that report progress take one of these; a computation increments Counter, calls
+// Feedback when it is set, then looks at Abort, which the callback may have set.
 struct TProgress {
   int64_t Counter = 0;
   std::function<void(int64_t Counter)> Feedback;
