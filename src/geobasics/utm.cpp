@@ -1,0 +1,84 @@
+// utm.cpp - zone rules, scale and false origin over the Transverse Mercator projection.
+// SPDX-License-Identifier: MIT
+#include <geobasics/utm.h>
+
+#include <algorithm>
+#include <numbers>
+
+#include <geobasics/transverse_mercator.h>
+
+namespace zav {
+
+namespace {
+
+constexpr double Scale = 0.9996;
+constexpr double FalseEasting = 500000.0;
+constexpr double FalseNorthing = 10000000.0;
+
+constexpr double ToRadians(double Degrees) { return Degrees * (std::numbers::pi / 180); }
+constexpr double ToDegrees(double Radians) { return Radians * (180 / std::numbers::pi); }
+
+// The floor of a number that is not negative; floor() is a library call on plain x86-64.
+constexpr int Floor(double Value) { return static_cast<int>(Value); }
+
+// The letters skip I and O; X is 12 degrees high and takes 84 degrees north in.
+char BandOf(double Lat) noexcept {
+  int k = Floor(Lat + 80) / 8;
+  if (k >= 6) ++k;
+  if (k >= 12) ++k;
+  return static_cast<char>('C' + std::min(k, 21));
+}
+
+}  // namespace
+
+double UTMCentralMeridian(int Zone) noexcept {
+  return Zone < 1 || Zone > 60 ? 0.0 : ToRadians(Zone * 6 - 183);
+}
+
+void GeoToUTMZone(double Lat, double Long, int& Zone, char& Band) noexcept {
+  Zone = 0;
+  Band = ' ';
+  if (!(Lat >= -80 && Lat <= 84 && Long >= -180 && Long < 180)) return;
+  Band = BandOf(Lat);
+  // The last longitude below 180 becomes 360 in the sum.
+  Zone = std::min(Floor((Long + 180) / 6) + 1, 60);
+  if (Band == 'V' && Long >= 3 && Long < 12) Zone = 32;  // southern Norway
+  if (Band == 'X' && Long >= 0 && Long < 42)             // Svalbard
+    Zone = Floor((Long + 3) / 12) * 2 + 31;
+}
+
+std::string GeoToUTMZone(double Lat, double Long) {
+  int Zone = 0;
+  char Band = ' ';
+  GeoToUTMZone(Lat, Long, Zone, Band);
+  return Zone == 0 ? std::string() : std::to_string(Zone) + Band;
+}
+
+void LatLongToUTM(double Lat, double Long, TGeoEllipsoid Ellipsoid, int& Zone, double& Easting,
+                  double& Northing) noexcept {
+  char Band = ' ';
+  GeoToUTMZone(Lat, Long, Zone, Band);
+  LatLongToUTMZone(Lat, Long, Zone, Ellipsoid, Easting, Northing);
+}
+
+void LatLongToUTMZone(double Lat, double Long, int Zone, TGeoEllipsoid Ellipsoid, double& Easting,
+                      double& Northing) noexcept {
+  LatLongToTM(ToRadians(Lat), ToRadians(Long), UTMCentralMeridian(Zone), Ellipsoid, Easting,
+              Northing);
+  Easting = Easting * Scale + FalseEasting;
+  Northing = Northing * Scale;
+  if (Northing < 0) Northing += FalseNorthing;
+}
+
+void UTMToLatLong(double Easting, double Northing, int Zone, bool SouthHemi,
+                  TGeoEllipsoid Ellipsoid, double& Lat, double& Long) noexcept {
+  const double X = (Easting - FalseEasting) / Scale;
+  const double Y = (SouthHemi ? Northing - FalseNorthing : Northing) / Scale;
+  double Phi = 0;
+  double Lambda = 0;
+  TMToLatLong(X, Y, UTMCentralMeridian(Zone), Ellipsoid, Phi, Lambda);
+  Lat = ToDegrees(Phi);
+  Long = ToDegrees(Lambda);
+}
+
+}  // namespace zav
