@@ -1,0 +1,86 @@
+// file_ops.cpp - see file_ops.h. The operations of POSIX systems.
+// SPDX-License-Identifier: MIT
+#include <platform/base/file_ops.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace zav {
+namespace {
+
+class TPosixFileOps final : public TFileOps {
+ public:
+  int CreateNew(const std::string& Path, int Mode, int& Handle) override {
+    Handle = ::open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (Handle < 0) return errno;
+    // Not by the mode of open(), which the user's mask would cut.
+    if (Mode >= 0 && ::fchmod(Handle, static_cast<mode_t>(Mode)) != 0) {
+      const int error = errno;
+      ::close(Handle);
+      ::unlink(Path.c_str());
+      return error;
+    }
+    return 0;
+  }
+
+  int Write(int Handle, const void* Data, size_t Size) override {
+    const char* from = static_cast<const char*>(Data);
+    for (size_t rest = Size; rest > 0;) {
+      const ssize_t written = ::write(Handle, from, rest);
+      if (written < 0 && errno == EINTR) continue;
+      if (written < 0) return errno;
+      from += written;
+      rest -= static_cast<size_t>(written);
+    }
+    return 0;
+  }
+
+  int Sync(int Handle) override { return ::fsync(Handle) == 0 ? 0 : errno; }
+  int Close(int Handle) override { return ::close(Handle) == 0 ? 0 : errno; }
+  int Remove(const std::string& Path) override { return ::unlink(Path.c_str()) == 0 ? 0 : errno; }
+  int Rename(const std::string& From, const std::string& To) override {
+    return std::rename(From.c_str(), To.c_str()) == 0 ? 0 : errno;
+  }
+
+  int SyncFolder(const std::string& Path) override {
+    const int handle =
+        ::open(Path.empty() ? "." : Path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) return errno;
+    const int error = ::fsync(handle) == 0 ? 0 : errno;
+    ::close(handle);
+    return error;
+  }
+};
+
+thread_local TFileOps* CurrentOps = nullptr;
+
+}  // namespace
+
+TFileOps& SystemFileOps() noexcept {
+  static TPosixFileOps ops;
+  return ops;
+}
+
+TFileOps& FileOps() noexcept { return CurrentOps != nullptr ? *CurrentOps : SystemFileOps(); }
+
+TFileOpsOverride::TFileOpsOverride(TFileOps& Ops) noexcept : FPrevious(CurrentOps) {
+  CurrentOps = &Ops;
+}
+
+TFileOpsOverride::~TFileOpsOverride() { CurrentOps = FPrevious; }
+
+std::string SystemReason(int Error) {
+#if defined(__GLIBC__) && __GLIBC_PREREQ(2, 32)
+  const char* const text = ::strerrordesc_np(Error);
+  return text != nullptr ? text : "unknown error";
+#else
+  return std::strerror(Error);
+#endif
+}
+
+}  // namespace zav

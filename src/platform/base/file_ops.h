@@ -1,0 +1,56 @@
+// file_ops.h - the few operations through which all files are written.
+//
+// An operation returns 0 or the system's error number; nothing is thrown. Tests put an object of
+// their own in place of the system's, to let the n-th write fail.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_BASE_FILE_OPS_H
+#define ZAV_PLATFORM_BASE_FILE_OPS_H
+
+#include <cstddef>
+#include <string>
+
+namespace zav {
+
+class TFileOps {
+ public:
+  virtual ~TFileOps() = default;
+
+  // Makes a new file for writing; it is an error when the path exists. Mode is the file's
+  // permission bits, -1 for the usual ones.
+  virtual int CreateNew(const std::string& Path, int Mode, int& Handle) = 0;
+  // Writes all Size bytes.
+  virtual int Write(int Handle, const void* Data, size_t Size) = 0;
+  // Returns when everything written is on the disk.
+  virtual int Sync(int Handle) = 0;
+  virtual int Close(int Handle) = 0;
+  // Puts From in the place of To, in one step.
+  virtual int Rename(const std::string& From, const std::string& To) = 0;
+  virtual int Remove(const std::string& Path) = 0;
+  // Returns when the names in a folder are on the disk.
+  virtual int SyncFolder(const std::string& Path) = 0;
+};
+
+// The operations of the system.
+TFileOps& SystemFileOps() noexcept;
+
+// The operations that this thread uses: the system's unless a TFileOpsOverride is alive.
+TFileOps& FileOps() noexcept;
+
+// Puts Ops in the place of this thread's operations while it lives.
+class TFileOpsOverride {
+ public:
+  explicit TFileOpsOverride(TFileOps& Ops) noexcept;
+  ~TFileOpsOverride();
+  TFileOpsOverride(const TFileOpsOverride&) = delete;
+  TFileOpsOverride& operator=(const TFileOpsOverride&) = delete;
+
+ private:
+  TFileOps* FPrevious;
+};
+
+// The system's words for an error number, in English under every locale.
+std::string SystemReason(int Error);
+
+}  // namespace zav
+
+#endif

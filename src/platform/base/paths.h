@@ -1,0 +1,47 @@
+// paths.h - file names taken apart and looked up.
+//
+// Paths are UTF-8. Files name other files in the manner of any system, so "/" and "\" both separate
+// the parts of a path, and so does the colon of a drive letter ("C:map.jpg").
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_BASE_PATHS_H
+#define ZAV_PLATFORM_BASE_PATHS_H
+
+#include <string>
+#include <string_view>
+
+namespace zav {
+
+// Everything up to and with the last separator; empty when there is none.
+std::string DirectoryOf(std::string_view Path);
+
+// The file's name without directory.
+std::string StripPath(std::string_view Path);
+
+// The extension with its dot, as it is spelled; empty when there is none. Dots of directories and a
+// dot at the beginning of the name make no extension.
+std::string ExtensionOf(std::string_view Path);
+
+// The path without its last extension, dot included.
+std::string StripExtension(std::string_view Path);
+
+// The text reduced to the characters that may stand in a short file name of eight and three
+// letters: blanks, control characters, separators and any of * ? : " < > | + , ; = [ ] are left
+// out, other characters, also beyond ASCII, stay. A text of dots only gives the empty text, so that
+// the result never leads to another folder.
+std::string ReduceStringToFN83CompliantChars(std::string_view Text);
+
+// Whether the path names something that exists and is no folder.
+bool FileExists(const std::string& Path);
+
+// The path under which the file is found: the very path first, else with "\" read as "/", then
+// component by component without regard to case in any script; where several spellings exist, the
+// exact one and then the first in byte order wins. Empty when there is no such file.
+std::string ResolveFile(const std::string& Path);
+
+// The same for a file that is named in another one: as given, then in the folder of BesideFile,
+// then there by its bare name.
+std::string ResolveFile(const std::string& Path, const std::string& BesideFile);
+
+}  // namespace zav
+
+#endif
