@@ -2,8 +2,8 @@
 //
 // Plain values that can be copied and compared. Pixels are those of the map image: X to the right,
 // Y down, (0, 0) the centre of the top left pixel. Angles are degrees, north and east positive.
-// Items are numbered from 1 at the interface of the classes that use this record, and stored from 0.
-// SPDX-License-Identifier: MIT
+// Items are numbered from 1 at the interface of the classes that use this record, and stored from
+// 0. SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_CALIBRATION_CALIB_DATA_H
 #define ZAV_GEOMAP_CALIBRATION_CALIB_DATA_H
 
@@ -17,12 +17,12 @@
 namespace zav {
 
 enum class TCalibModel : uint8_t {
-  cmParabolicIp = 0,         // parabolas through points of graticule lines
-  cmBiquadraticPn = 1,       // second-order polynomial
-  cmConicConformal = 2,      // cone with a pole pixel
-  cmMillerCylindrical = 3,   // Miller's cylindrical projection
-  cmEquiRect = 4,            // first-order polynomial in degrees
-  cmUTM = 5,                 // first-order polynomial in UTM metres
+  cmParabolicIp = 0,        // parabolas through points of graticule lines
+  cmBiquadraticPn = 1,      // second-order polynomial
+  cmConicConformal = 2,     // cone with a pole pixel
+  cmMillerCylindrical = 3,  // Miller's cylindrical projection
+  cmEquiRect = 4,           // first-order polynomial in degrees
+  cmUTM = 5,                // first-order polynomial in UTM metres
   cmUndefined = 6
 };
 

@@ -7,29 +7,17 @@
 #ifndef ZAV_GEOMAP_CALIBRATION_CALIBRATION_H
 #define ZAV_GEOMAP_CALIBRATION_CALIBRATION_H
 
-#include <array>
 #include <cstdint>
+#include <string>
 
 #include <geomap/calibration/calib_data.h>
+#include <geomap/calibration/conversion.h>
+#include <geomap/calibration/fitting.h>
 #include <geomap/errors.h>
 #include <platform/base/matrix.h>
 #include <platform/base/progress.h>
 
 namespace zav {
-
-// What the fits leave behind; which of it counts depends on the model. Zero until fitted.
-struct TCalibCoefficients {
-  // First order (cmEquiRect, cmUTM): value = [0] + [1]*X + [2]*Y, pixel = [0] + [1]*Lat + [2]*Long.
-  std::array<double, 3> CalCoefLat{}, CalCoefLong{}, CalCoefPixX{}, CalCoefPixY{};
-  // Second order: 1, X, Y, X*X, X*Y, Y*Y and 1, Lat, Long, Lat*Lat, Lat*Long, Long*Long.
-  std::array<double, 6> BiqCoefLat{}, BiqCoefLong{}, BiqCoefPixX{}, BiqCoefPixY{};
-  // Slope and intercept of Y against ln(tan(0.4 Lat + 45 deg)), then of X against the longitude.
-  std::array<double, 4> MillerParams{};
-  // Pole pixel X and Y; slope and intercept of the latitude against the radius; of the longitude
-  // against the angle.
-  std::array<double, 6> ConicParams{};
-  friend bool operator==(const TCalibCoefficients&, const TCalibCoefficients&) = default;
-};
 
 class TCalibration {
  public:
@@ -42,12 +30,16 @@ class TCalibration {
   // 5 columns (1 = parallel or 0 = meridian, value, c0, c1, c2), one row a calibration line.
   const TMatrix& GratMat() const noexcept { return FGratMat; }
 
-  // Replaces items and model at once, then recalculates once.
+  // Replaces items and model at once, then recalculates once. Counts beyond the arrays are cut.
+  // Corners and resolution of Data stay while the image size is not known.
   void SetData(const TCalibData& Data, TCalibModel Model);
+  // The same without recalculating: all coefficients that ClearCalibData clears are 0. For a reader
+  // that must do something between reading and fitting, such as loading the image.
+  void SetDataUnfitted(const TCalibData& Data, TCalibModel Model);
   // Keeps the items and recalculates.
   void SetModel(TCalibModel Model);
-  // The map image's size in pixels, 0 when there is none. It is an input of the conic fit and of the
-  // corners; nothing is recalculated by this call.
+  // The map image's size in pixels, 0 when there is none. It is an input of the conic fit and of
+  // the corners; nothing is recalculated by this call.
   void SetImageSize(int32_t Width, int32_t Height) noexcept;
   int32_t ImageWidth() const noexcept { return FImageWidth; }
   int32_t ImageHeight() const noexcept { return FImageHeight; }
@@ -60,24 +52,24 @@ class TCalibration {
   void SetEllipsoid(TGeoEllipsoid Ellipsoid) noexcept { FData.Ellipsoid = Ellipsoid; }
 
   // --- items -------------------------------------------------------------------------------------
-  // Adds a point of a graticule line; cmParabolicIp only. Always false, whether added or not; a full
-  // line (10 points) or table (25 lines) ignores the point.
+  // Adds a point of a graticule line; cmParabolicIp only. Always false, whether added or not; a
+  // full line (10 points) or table (25 lines) ignores the point.
   bool AddCalibPoint(TGratLineKind LineKind, double LineValue, int32_t X, int32_t Y);
-  // Adds a control point in degrees; all models but cmParabolicIp, cmUTM and cmUndefined. False when
-  // there are 200 already.
+  // Adds a control point in degrees; all models but cmParabolicIp, cmUTM and cmUndefined. False
+  // when there are 200 already.
   bool AddCalibPoint(double Lat, double Long, int32_t X, int32_t Y);
-  // Adds a control point in UTM metres; cmUTM only, in the zone and hemisphere set before. False when
-  // there are 200 already.
+  // Adds a control point in UTM metres; cmUTM only, in the zone and hemisphere set before. False
+  // when there are 200 already.
   bool AddCalibPoint(double Northing, double Easting, int32_t Zone, THemisphere Hemisphere,
                      int32_t X, int32_t Y);
-  // Removes the item nearest to the pixel, the first of equally near ones, and remembers it. The last
-  // item takes its place. False when there was none.
+  // Removes the item nearest to the pixel, the first of equally near ones, and remembers it. The
+  // last item takes its place. False when there was none.
   bool RemoveCalibPoint(int32_t X, int32_t Y);
   // Removes the point (X, Y) of the named line, or the line's last point when none is there;
   // cmParabolicIp only. Always false.
   bool RemoveCalibPoint(TGratLineKind LineKind, double LineValue, int32_t X, int32_t Y);
-  // Adds the item again that RemoveCalibPoint(X, Y) removed last. Refused under cmUTM with the error
-  // of AddCalibPoint.
+  // Adds the item again that RemoveCalibPoint(X, Y) removed last. Refused under cmUTM with the
+  // error of AddCalibPoint.
   void RestoreLastDeletedCalPoint();
   // Removes all items, corners, zone, ellipsoid and the polynomial coefficients; map file name,
   // caption, model, Miller and conic parameters stay.
@@ -87,16 +79,22 @@ class TCalibration {
 
   // --- fitting -----------------------------------------------------------------------------------
   void RecalcCalibration(TProgress& Progress = DefaultProgress());
-  // The parabolas of the graticule lines. True with at least 2 parallels and 2 meridians of 3 or more
-  // points; otherwise the matrix is one row of zeros.
+  // The parabolas of the graticule lines. True with at least 2 parallels and 2 meridians of 3 or
+  // more points; otherwise the matrix is one row of zeros.
   bool RecalcGratMat();
   // Fits the current model, without RecalcGratMat and CalcExtentsAndResolution.
   void FitModel(TProgress& Progress = DefaultProgress());
   // Corners and resolution from the fitted model and the image size.
   void CalcExtentsAndResolution();
-  // Standard deviation, in pixels along X and Y, of the difference between the control points' pixels
-  // as predicted (rounded) and as given. 0 without control points.
+  // Whether the current model has a fit, so that conversions mean something.
+  bool IsFitted() const noexcept { return zav::IsFitted(Fit()); }
+  // Standard deviation, in pixels along X and Y, of the difference between the control points'
+  // pixels as predicted (rounded) and as given. 0 without control points. The points are always
+  // taken as degrees, so that the figures mean nothing under cmUTM; use Residual there.
   void CalibQuality(double& QualX, double& QualY) const;
+  // Predicted minus given pixel, not rounded, of control point Index (from 1); under cmUTM from its
+  // metres. False, and the outputs 0, when there is no such point or no fit.
+  bool Residual(int32_t Index, double& DX, double& DY) const;
 
   // --- conversion --------------------------------------------------------------------------------
   // Degrees of a pixel. Valid = false and 0 when the model cannot tell.
@@ -114,14 +112,24 @@ class TCalibration {
   int32_t CalcUTMxFromEastingY(double Easting, int32_t Y) const;
   bool IsPositionWithinMap(double Lat, double Long) const;
 
-  // The same conversions between pixels and degrees without rounding. ToPixel uses the unrounded row
-  // in the conic model. False, and the outputs 0, when the model gives nothing.
+  // The same conversions between pixels and degrees without rounding. ToPixel uses the unrounded
+  // row in the conic model. False, and the outputs 0, without a fit or a finite result.
   bool ToGeo(double X, double Y, TCoords& Position) const;
   bool ToPixel(double Lat, double Long, double& X, double& Y) const;
 
   friend bool operator==(const TCalibration&, const TCalibration&) = default;
 
  private:
+  TFittedModel Fit() const noexcept {
+    return {FModel, FCoef, FGratMat, FData.UTMZone, FData.UTMSouth, FData.Ellipsoid};
+  }
+  void AppendQuad(const TCalQuad& NewQuad);
+  bool RemoveNearestLinePoint(int32_t X, int32_t Y);
+  bool RemoveNearestQuad(int32_t X, int32_t Y);
+  void RemoveLinePoint(int32_t Index, int32_t Point);
+  TCalibLine& Line(int32_t Index) { return FData.CalLines[static_cast<size_t>(Index - 1)]; }
+  TCalQuad& Quad(int32_t Index) { return FData.CalQuads[static_cast<size_t>(Index - 1)]; }
+
   TCalibData FData;
   TCalibModel FModel = TCalibModel::cmUndefined;
   TCalibCoefficients FCoef;
@@ -129,6 +137,7 @@ class TCalibration {
   int32_t FImageWidth = 0;
   int32_t FImageHeight = 0;
 
+  // What RemoveCalibPoint(X, Y) removed last.
   TCalQuad FLastDelQuad;
   bool FLastDelQuadValid = false;
   TGratLineKind FLastDelLineKind = TGratLineKind::gtlMeridian;
