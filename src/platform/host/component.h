@@ -7,6 +7,7 @@
 #ifndef ZAV_PLATFORM_HOST_COMPONENT_H
 #define ZAV_PLATFORM_HOST_COMPONENT_H
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,10 @@ class TComponent : public TPersistent {
   bool Designing() const noexcept { return FDesigning; }
   void SetDesigning(bool Designing) noexcept { FDesigning = Designing; }
 
+  // Expires when the component is destroyed. Code that calls a user's handler, which may do that,
+  // asks it before it touches the component again.
+  std::weak_ptr<const void> Life() const noexcept { return FLife; }
+
   // Reason, framed as every component message is: Component "NAME": REASON
   std::string ComponentMessage(const std::string& Reason) const;
 
@@ -64,6 +69,7 @@ class TComponent : public TPersistent {
   std::string FName;
   bool FLoading = false;
   bool FDesigning = false;
+  std::shared_ptr<const void> FLife;
 };
 
 }  // namespace zav

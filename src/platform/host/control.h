@@ -1,8 +1,8 @@
 // control.h - a control with a canvas and mouse events, and the window that the host gives it.
 //
-// The host's widget translates its own events into calls of TCustomControl; the control draws on its
-// window's canvas, a persistent buffer, and says what is to be shown.
-// SPDX-License-Identifier: MIT
+// The host's widget translates its own events into calls of TCustomControl; the control draws on
+// its window's canvas, a persistent buffer, and says what is to be shown. SPDX-License-Identifier:
+// MIT
 #ifndef ZAV_PLATFORM_HOST_CONTROL_H
 #define ZAV_PLATFORM_HOST_CONTROL_H
 
@@ -76,8 +76,8 @@ class TCustomControl : public TComponent {
   virtual void MouseUp(TMouseButton Button, TShiftState Shift, int32_t X, int32_t Y);
 
   // The user's handlers. The sender is the first argument.
-  using TMouseEvent = std::function<void(TCustomControl*, TMouseButton, TShiftState, int32_t X,
-                                         int32_t Y)>;
+  using TMouseEvent =
+      std::function<void(TCustomControl*, TMouseButton, TShiftState, int32_t X, int32_t Y)>;
   using TMouseMoveEvent = std::function<void(TCustomControl*, TShiftState, int32_t X, int32_t Y)>;
   using TNotifyEvent = std::function<void(TCustomControl*)>;
   TMouseEvent OnMouseDown;

@@ -35,8 +35,8 @@ struct TFont {
 
 // A piece of text as coverage, 0 (none) to 255 (full), row by row.
 struct TTextMask {
-  // Where the mask's top left pixel lies, from the top left corner of the (unturned) text box, about
-  // which the text is turned. May be negative, because glyphs overhang.
+  // Where the mask's top left pixel lies, from the top left corner of the (unturned) text box,
+  // about which the text is turned. May be negative, because glyphs overhang.
   int32_t Left = 0;
   int32_t Top = 0;
   int32_t Width = 0;
