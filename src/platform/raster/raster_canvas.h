@@ -1,12 +1,15 @@
 // raster_canvas.h - a canvas that draws on a bitmap by the rules told in canvas.h.
 //
-// Coordinates are pixels of the bitmap; whatever lies outside is clipped.
+// Coordinates are pixels of the bitmap; whatever lies outside is clipped. The details that canvas.h
+// leaves open (dots, wide pens, fill rule, stretching) are told in lines.h, shapes.h and stretch.h.
+// FillRect fills whatever the brush style is. Bitmaps and text are always copied, never inverted.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
 #define ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
 
 #include <platform/host/canvas.h>
 #include <platform/raster/bitmap.h>
+#include <platform/raster/lines.h>
 
 namespace zav {
 
@@ -16,7 +19,11 @@ class TRasterCanvas final : public TCanvas {
   explicit TRasterCanvas(TBitmap& Target, TFontEngine* Fonts = nullptr) noexcept
       : FTarget(Target), FFonts(Fonts) {}
 
-  void MoveTo(int32_t X, int32_t Y) override { FPosition = {X, Y}; }
+  // The pattern of a dotted pen begins anew here and runs on over the following LineTo.
+  void MoveTo(int32_t X, int32_t Y) override {
+    FPosition = {X, Y};
+    FDotPhase = 0;
+  }
   void LineTo(int32_t X, int32_t Y) override;
   void Polyline(std::span<const TPoint> Points) override;
   void Polygon(std::span<const TPoint> Points) override;
@@ -33,6 +40,7 @@ class TRasterCanvas final : public TCanvas {
   TBitmap& FTarget;
   TFontEngine* FFonts;
   TPoint FPosition;
+  TDotPhase FDotPhase = 0;
 };
 
 }  // namespace zav

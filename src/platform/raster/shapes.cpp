@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include "platform/raster/shapes.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "platform/raster/ellipse_rows.h"
+#include "platform/raster/lines.h"
+
+namespace zav {
+
+namespace {
+
+// A rectangle that may reach beyond the range of 32 bits by the width of a pen.
+struct TBox {
+  int64_t Left, Top, Right, Bottom;
+
+  TBox Grown(int64_t Before, int64_t After) const {
+    return {Left - Before, Top - Before, Right + After, Bottom + After};
+  }
+  int64_t Width() const { return Right - Left; }
+  int64_t Height() const { return Bottom - Top; }
+};
+
+TBox Ordered(const TRect& Box) {
+  return {std::min(Box.Left, Box.Right), std::min(Box.Top, Box.Bottom),
+          std::max(Box.Left, Box.Right), std::max(Box.Top, Box.Bottom)};
+}
+
+// One row of a shape: outline Left..InnerLeft-1 and InnerRight..Right-1, fill between them.
+struct TShapeRow {
+  int64_t Left, InnerLeft, InnerRight, Right;
+};
+
+// What the box of a shape becomes under a pen: where the outline ends outside and inside.
+struct TOutline {
+  TBox Outer;
+  TBox Inner;
+  bool None;  // no outline at all, the fill takes its place
+  bool Thin;
+};
+
+TOutline OutlineOf(const TBox& Box, const TPen& Pen) {
+  if (Pen.Style == TPenStyle::psClear) return {Box, Box, true, false};
+  const int64_t Width = std::max(Pen.Width, 1);
+  const int64_t Before = (Width - 1) / 2;
+  const TBox Outer = Box.Grown(Before, Width - 1 - Before);
+  return {Outer, Outer.Grown(-Width, -Width), false, Width == 1};
+}
+
+bool HasRow(const TBox& Box, int64_t Y) {
+  return Box.Width() > 0 && Y >= Box.Top && Y < Box.Bottom;
+}
+
+TShapeRow RectangleRow(const TOutline& Shape, int64_t Y) {
+  const TBox& Outer = Shape.Outer;
+  if (!HasRow(Shape.Inner, Y)) return {Outer.Left, Outer.Right, Outer.Right, Outer.Right};
+  return {Outer.Left, Shape.Inner.Left, Shape.Inner.Right, Outer.Right};
+}
+
+// The pixels of a row from the left side of the coordinate system.
+TEllipseRows::TExtent EllipseExtent(const TBox& Box, int64_t Y) {
+  const auto Extent = TEllipseRows(Box.Width(), Box.Height()).Extent(Y - Box.Top);
+  return {Extent.Left + Box.Left, Extent.Right + Box.Left};
+}
+
+TShapeRow EllipseRow(const TOutline& Shape, int64_t Y) {
+  const auto [Left, Right] = EllipseExtent(Shape.Outer, Y);
+  if (Shape.None) return {Left, Left, Right, Right};
+  if (!Shape.Thin) {
+    if (!HasRow(Shape.Inner, Y)) return {Left, Right, Right, Right};
+    const auto [InnerLeft, InnerRight] = EllipseExtent(Shape.Inner, Y);
+    return {Left, InnerLeft, InnerRight, Right};
+  }
+  // Thin: the pixels with a neighbour outside, beside them or in the next row away from the centre.
+  const bool Upper = 2 * (Y - Shape.Outer.Top) < Shape.Outer.Height() - 1;
+  const int64_t Next = Upper ? Y - 1 : Y + 1;
+  if (!HasRow(Shape.Outer, Next)) return {Left, Right, Right, Right};
+  const auto [NextLeft, NextRight] = EllipseExtent(Shape.Outer, Next);
+  const int64_t InnerLeft = std::max(Left + 1, NextLeft);
+  const int64_t InnerRight = std::min(Right - 1, NextRight);
+  if (InnerLeft >= InnerRight) return {Left, Right, Right, Right};
+  return {Left, InnerLeft, InnerRight, Right};
+}
+
+// Paints the visible rows of a shape that has at most one run of fill in each.
+template <class TRowOf>
+void PaintRows(TBitmap& Target, const TOutline& Shape, const TPen& Pen, const TBrush& Brush,
+               TRowOf&& RowOf) {
+  const bool Xor = Pen.Mode == TPenMode::pmXor;
+  const int64_t Width = Target.Width();
+  const auto Paint = [&](int64_t Y, int64_t Left, int64_t Right, const TInk& Ink) {
+    FillSpan(Target,
+             {static_cast<int32_t>(Y), static_cast<int32_t>(std::clamp<int64_t>(Left, 0, Width)),
+              static_cast<int32_t>(std::clamp<int64_t>(Right, 0, Width))},
+             Ink);
+  };
+  const int64_t First = std::max<int64_t>(Shape.Outer.Top, 0);
+  const int64_t Last = std::min<int64_t>(Shape.Outer.Bottom, Target.Height());
+  for (int64_t Y = First; Y < Last; ++Y) {
+    const TShapeRow Row = RowOf(Shape, Y);
+    if (!Shape.None) {
+      Paint(Y, Row.Left, Row.InnerLeft, {Pen.Color, Xor});
+      Paint(Y, Row.InnerRight, Row.Right, {Pen.Color, Xor});
+    }
+    if (Brush.Style == TBrushStyle::bsSolid) {
+      Paint(Y, Row.InnerLeft, Row.InnerRight, {Brush.Color, Xor});
+    }
+  }
+}
+
+// A side of a polygon, followed from row to row. At a row K rows below its upper end it lies
+// X + K * Run / Rise across; Whole and Rest are the quotient and the remainder of K * Run.
+struct TSide {
+  int64_t First;  // the first visible row
+  int64_t Last;   // the row after the last
+  int64_t X;
+  bool Leftward;
+  uint64_t Rise;
+  uint64_t StepWhole, StepRest;
+  uint64_t Whole, Rest;
+
+  void Advance() {
+    Whole += StepWhole;
+    Rest += StepRest;
+    if (Rest >= Rise) {
+      Rest -= Rise;
+      ++Whole;
+    }
+  }
+  // The first pixel at or right of the side.
+  int64_t Crossing() const {
+    const int64_t Shift = static_cast<int64_t>(Whole);
+    return Leftward ? X - Shift : X + Shift + (Rest > 0 ? 1 : 0);
+  }
+};
+
+// The sides that cross a visible row, from the top down.
+std::vector<TSide> SidesOf(std::span<const TPoint> Points, const TRect& Clip) {
+  std::vector<TSide> Sides;
+  Sides.reserve(Points.size());
+  for (size_t I = 0; I < Points.size(); ++I) {
+    TPoint Upper = Points[I];
+    TPoint Lower = Points[I + 1 < Points.size() ? I + 1 : 0];
+    if (Upper.Y > Lower.Y) std::swap(Upper, Lower);
+    const int64_t First = std::max(Upper.Y, Clip.Top);
+    const int64_t Last = std::min(Lower.Y, Clip.Bottom);
+    if (First >= Last) continue;
+    const int64_t DX = static_cast<int64_t>(Lower.X) - Upper.X;
+    const uint64_t Run = static_cast<uint64_t>(DX < 0 ? -DX : DX);
+    const uint64_t Rise = static_cast<uint64_t>(static_cast<int64_t>(Lower.Y) - Upper.Y);
+    // Below 2^64, because both factors are below 2^32.
+    const uint64_t Product = static_cast<uint64_t>(First - Upper.Y) * Run;
+    Sides.push_back({First, Last, Upper.X, DX < 0, Rise, Run / Rise, Run % Rise, Product / Rise,
+                     Product % Rise});
+  }
+  std::sort(Sides.begin(), Sides.end(),
+            [](const TSide& A, const TSide& B) { return A.First < B.First; });
+  return Sides;
+}
+
+}  // namespace
+
+TSpans PolygonInside(std::span<const TPoint> Points, const TRect& Clip) {
+  TSpans Inside;
+  if (Points.size() < 3 || Clip.Empty()) return Inside;
+  std::vector<TSide> Sides = SidesOf(Points, Clip);
+  std::vector<TSide*> Active;
+  std::vector<int64_t> Crossings;
+  size_t Next = 0;
+  int64_t Y = Sides.empty() ? 0 : Sides[0].First;
+  while (Next < Sides.size() || !Active.empty()) {
+    if (Active.empty()) Y = Sides[Next].First;
+    for (; Next < Sides.size() && Sides[Next].First == Y; ++Next) Active.push_back(&Sides[Next]);
+    Crossings.clear();
+    for (TSide* Side : Active) {
+      Crossings.push_back(Side->Crossing());
+      Side->Advance();
+    }
+    std::sort(Crossings.begin(), Crossings.end());
+    for (size_t I = 0; I + 1 < Crossings.size(); I += 2) {
+      AddSpan(Inside, Clip, Y, Crossings[I], Crossings[I + 1]);
+    }
+    ++Y;
+    std::erase_if(Active, [&](const TSide* Side) { return Side->Last <= Y; });
+  }
+  MergeSpans(Inside);
+  return Inside;
+}
+
+void DrawRectangle(TBitmap& Target, const TRect& Box, const TPen& Pen, const TBrush& Brush) {
+  const TBox Area = Ordered(Box);
+  if (Area.Width() == 0 || Area.Height() == 0) return;
+  const TOutline Shape = OutlineOf(Area, Pen);
+  if (Pen.Style == TPenStyle::psDot) {
+    // The fill ends where it does within a solid outline, so that the gaps show what was there.
+    PaintRows(Target, {Shape.Inner, Shape.Inner, true, false}, Pen, Brush, RectangleRow);
+    const TPoint First{static_cast<int32_t>(Area.Left), static_cast<int32_t>(Area.Top)};
+    const TPoint Last{static_cast<int32_t>(Area.Right - 1), static_cast<int32_t>(Area.Bottom - 1)};
+    const std::array<TPoint, 4> Corners{{First, {Last.X, First.Y}, Last, {First.X, Last.Y}}};
+    DrawPolyline(Target, Corners, true, Pen);
+    return;
+  }
+  PaintRows(Target, Shape, Pen, Brush, RectangleRow);
+}
+
+void DrawEllipse(TBitmap& Target, const TRect& Box, const TPen& Pen, const TBrush& Brush) {
+  const TBox Area = Ordered(Box);
+  if (Area.Width() == 0 || Area.Height() == 0) return;
+  PaintRows(Target, OutlineOf(Area, Pen), Pen, Brush, EllipseRow);
+}
+
+void DrawPolygon(TBitmap& Target, std::span<const TPoint> Points, const TPen& Pen,
+                 const TBrush& Brush) {
+  const TRect Clip{0, 0, Target.Width(), Target.Height()};
+  const bool Xor = Pen.Mode == TPenMode::pmXor;
+  const bool Filled = Brush.Style == TBrushStyle::bsSolid;
+  TSpans Inside;
+  if (Filled) Inside = PolygonInside(Points, Clip);
+  if (!Xor) {
+    // The outline goes over the fill, which is the same as leaving it out, and cheaper.
+    FillSpans(Target, Inside, {Brush.Color, false});
+    DrawPolyline(Target, Points, true, Pen);
+    return;
+  }
+  const TSpans Outline = PolylineSpans(Points, true, Pen, Clip);
+  FillSpans(Target, SpansWithout(Inside, Outline), {Brush.Color, true});
+  FillSpans(Target, Outline, {Pen.Color, true});
+}
+
+}  // namespace zav
