@@ -36,8 +36,8 @@ TImageKind ImageKindOfName(const std::string& Path);
 TSize ReadImageSize(const std::string& Path, TImageKind Kind);
 
 // Decodes the file to a bitmap of 32 bits a pixel. Throws EInOutError with the path and the reason
-// when the file cannot be read, is damaged or ends early, has more than MaxDecodablePixels or is of a
-// kind that is not supported (CMYK JPEG); EImageCancelled when cancelled.
+// when the file cannot be read, is damaged or ends early, has more than MaxDecodablePixels or is of
+// a kind that is not supported (CMYK JPEG); EImageCancelled when cancelled.
 TBitmap LoadImageFile(const std::string& Path, TImageKind Kind,
                       const TImageProgress& Progress = nullptr);
 
@@ -46,8 +46,8 @@ TSize ReadImageSize(std::span<const uint8_t> Data, TImageKind Kind, const std::s
 TBitmap DecodeImage(std::span<const uint8_t> Data, TImageKind Kind, const std::string& Name,
                     const TImageProgress& Progress = nullptr);
 
-// Writes the bitmap as a JPEG file, quality 1..100, in one step: a failure leaves an older file as it
-// was. Throws EInOutError.
+// Writes the bitmap as a JPEG file, quality 1..100, in one step: a failure leaves an older file as
+// it was. Throws EInOutError.
 void SaveJpegFile(const std::string& Path, const TBitmap& Bitmap, int Quality,
                   const TImageProgress& Progress = nullptr);
 
