@@ -1,0 +1,381 @@
+// geo_map.h - the map control: one calibrated map image that can be zoomed, panned and read off.
+//
+// The control holds order and consequences; the work is done by its parts: TCalibration
+// (calibration/), TViewState, TZoomRing, TMapImage, TMouseTools and the rendering passes (view/).
+//
+// Pixels are control pixels (origin at the control's top left) or map pixels (origin at the image's
+// top left); positions are degrees, north and east positive. Unless told otherwise a setter
+// repaints before it returns, values out of range are brought into it, and errors carry the
+// control's name: Component "NAME": reason. Properties are read by the function of their name, or
+// by Get and the name. Belongs to the thread of its window.
+//
+// Handlers and observers may change the control, or destroy it, while they are called. A paint
+// request while the control paints is ignored.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_GEO_MAP_H
+#define ZAV_GEOMAP_GEO_MAP_H
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <geomap/calibration/calibration.h>
+#include <geomap/errors.h>
+#include <geomap/landmarks/landmark.h>
+#include <geomap/view/map_image.h>
+#include <geomap/view/map_look.h>
+#include <geomap/view/mouse_tools.h>
+#include <geomap/view/mouse_trace.h>
+#include <geomap/view/view_state.h>
+#include <geomap/view/zoom_ring.h>
+#include <platform/host/control.h>
+#include <platform/raster/bitmap.h>
+
+namespace zav {
+
+class TextFile;
+class TStream;
+class TMemoryStream;
+class TGeoMap;
+
+// Listens to a map without taking the user's event slots. Nothing is owned; an observer must take
+// itself off the list before it dies. Each call comes after the change and before its repaint.
+class TGeoMapObserver {
+ public:
+  virtual ~TGeoMapObserver() = default;
+  virtual void ViewChanged(TGeoMap& /*Map*/) {}         // TopLeft or Magnification
+  virtual void CalibrationChanged(TGeoMap& /*Map*/) {}  // items, model, corners, caption
+  virtual void ImageChanged(TGeoMap& /*Map*/) {}        // picture, its name or its size
+  virtual void Painted(TGeoMap& /*Map*/) {}             // the new picture is on the window
+};
+
+class TGeoMap : public TCustomControl {
+ public:
+  // A map without image, 500 x 400 control pixels, already painted. The host must outlive it.
+  TGeoMap(TComponent* Owner, THost& Host);
+  ~TGeoMap() override;
+
+  // Copies picture, image, look, view, zoom stack, calibration and landmark settings of another
+  // TGeoMap; not its handlers, observers, size, mouse action and trace. Does not repaint. Any other
+  // source throws EConvertError.
+  void Assign(const TPersistent& Source) override;
+  void AssignTo(TPersistent& Dest) const override;
+
+  // Removes calibration, map name, caption, trace and image name; the landmarks, the bitmap, the
+  // zoom stack and the view stay.
+  void Clear();
+
+  // --- painting ----------------------------------------------------------------------------------
+  // Renders the picture and copies it to the window, unless painting is suppressed.
+  void Paint() override;
+  // Renders without showing.
+  void ConstructInternalMapImg();
+  // The picture last rendered, in device pixels, 15 bits a pixel; may be larger than the control.
+  const TBitmap& InternalMapImg() const noexcept { return *FInternalMapImg; }
+  // While true, Paint does nothing. Turning it off paints.
+  bool SuppressPaint() const noexcept { return FSuppressPaint; }
+  void SetSuppressPaint(bool Value);
+
+  // --- image -------------------------------------------------------------------------------------
+  // The image's file name as it was given, empty without a map.
+  const std::string& MapImgFile() const noexcept { return FImage.Name(); }
+  // Loads a ".jpg", ".jpeg" or ".bmp" file, after OnMapImageRequest; the view goes to (0, 0) and
+  // the calibration stays. A file that does not exist is looked up without regard to case; if there
+  // is none the map becomes empty without an error. Another extension takes the name and keeps the
+  // picture. Throws EZAVGeoMapError for more than 3000000 pixels: name, size and view then stay,
+  // but MapBitmap holds the new pixels (not beyond MaxDecodablePixels: then it stays, too).
+  // EInOutError and EImageCancelled come from the decoder and leave the picture.
+  void SetMapImgName(const std::string& Name);
+  const TBitmap& MapBitmap() const noexcept { return FImage.Bitmap(); }
+  // Takes a copy of the bitmap under the name "$unknown$"; the same limit.
+  void SetMapBitMap(const TBitmap& Bitmap);
+  int32_t MapImgWidth() const noexcept { return FImage.Width(); }
+  int32_t MapImgHeight() const noexcept { return FImage.Height(); }
+  // Scales the image, and the calibration with it, so that the longer side gets LongestSide pixels,
+  // or by Factor. The view goes to (0, 0), the magnification stays. Without an image, or with a
+  // factor that is not above 0, nothing happens. Throws EZAVGeoMapError when the result could not
+  // be held in memory.
+  void ResizeMap(int32_t LongestSide);
+  void ResizeMap(double Factor);
+
+  // --- view --------------------------------------------------------------------------------------
+  const TViewState& View() const noexcept { return FView; }
+  // Map pixel at the control's top left corner. Not confined to the map.
+  TPoint TopLeft() const noexcept { return FView.TopLeft; }
+  void SetTopLeft(TPoint TopLeft);
+  // Control pixels per map pixel. Throws EZAVError below 0.5 and above 2.0; the view's corner stays
+  // and the zoom stack is not pushed.
+  double Magnification() const noexcept { return FView.Magnification; }
+  void SetMagnification(double Magnification);
+  // Both at once, painted once. Any magnification above 0 is taken; others throw EZAVError.
+  void SetView(TPoint TopLeft, double Magnification);
+  TPoint ControlToMapImage(TPoint Control) const noexcept;
+  TPoint MapImageToControl(TPoint Map) const noexcept;
+  void BringMapPixelToCenter(TPoint Map);
+  // As near as the map's edges allow; nothing for a position that has no pixel.
+  void BringLocationToCenter(double Lat, double Long);
+  // Moves the view inside the map; does not repaint.
+  void PanMapToFillWindow();
+  // The whole map; the magnification may leave 0.5..2.0. No map: only the corner goes to (0, 0).
+  void ZoomFitPage();
+  // Steps (in when positive; four double the magnification) about a control pixel, whose map
+  // position stays under it within a pixel; as many steps back as had an effect return to the very
+  // view. Confined when ConfinePanToMapImage. Repaints and fires OnZoomPan when something changed;
+  // the zoom stack is left to the caller, who knows when the gesture ends.
+  bool ZoomAt(TPoint Control, int Steps);
+  // Moves the view by control pixels, as a drag by the opposite does; confined, painted and
+  // reported like ZoomAt.
+  bool PanBy(TPoint Control);
+  bool ConfinePanToMapImage() const noexcept { return FConfinePan; }
+  // Turning it on moves the view inside the map; never repaints.
+  void SetConfinePan(bool Value);
+
+  // --- zoom history ------------------------------------------------------------------------------
+  // Pushes the view; not while the control is being loaded from a stream.
+  void ZoomStateOnStack();
+  // The view pushed last for 0, back to -15; zeros for anything else.
+  TgmZoomStackEntry GetZoomStackEntry(int32_t Index) const noexcept;
+  // Goes to that view; pushes nothing. Ignores other indices and empty places.
+  void ZoomHistory(int32_t Index);
+  // Forgets all views and pushes the current one.
+  void ClearZoomHistory();
+
+  // --- look --------------------------------------------------------------------------------------
+  const TMapLook& Look() const noexcept { return FLook; }
+  bool AntiAlias() const noexcept { return FLook.AntiAlias; }
+  void SetAntiAlias(bool Value);
+  // Below this magnification the scaled map is kept for panning; 0 to 2/3. Repaints when the
+  // magnification is below 2/3.
+  double CacheMagLimit() const noexcept { return FLook.CacheMagLimit; }
+  void SetCacheMagLimit(double Value);
+  TColor ColorBackGnd() const noexcept { return FLook.ColorBackGnd; }
+  void SetColorBakGnd(TColor Color);
+  TColor ColorGraticule() const noexcept { return FLook.ColorGraticule; }
+  void SetColorGratLine(TColor Color);
+  TColor ColorCalibPoints() const noexcept { return FLook.ColorCalibPoints; }
+  void SetColorGratPoints(TColor Color);
+  // Of the message on an empty map.
+  TColor ColorFrame() const noexcept { return FLook.ColorFrame; }
+  void SetColorFrame(TColor Color);
+  const std::string& EmptyMsg() const noexcept { return FLook.EmptyMsg; }
+  void SetEmptyMsg(const std::string& Text);
+  // Repaints when different, like ShowGraticule.
+  TFrameStyle FrameStyle() const noexcept { return FLook.FrameStyle; }
+  void SetFrameStyle(TFrameStyle Style);
+  TShowGrat ShowGraticule() const noexcept { return FLook.ShowGraticule; }
+  void SetShowGrat(TShowGrat Value);
+  // Degrees, 0 to 60; 0 is automatic.
+  double GratLineDist() const noexcept { return FLook.GratLineDist; }
+  void SetGratLineDist(double Degrees);
+  // Metres, 0 to 10000000; 0 is automatic.
+  int32_t UTMGridDist() const noexcept { return FLook.UTMGridDist; }
+  void SetUTMGridDist(int32_t Metres);
+
+  // --- calibration -------------------------------------------------------------------------------
+  // Operations that change it fit again, recompute corners and resolution, and repaint; see
+  // TCalibration for what each does and returns. Errors are EZAVGeoMapError.
+  const TCalibration& Calibration() const noexcept { return FCalibration; }
+  const TCalibData& CalibData() const noexcept { return FCalibration.Data(); }
+  // Replaces items and model, recalculates and repaints once.
+  void SetCalibration(const TCalibData& Data, TCalibModel Model);
+  TCalibModel CalibModel() const noexcept { return FCalibration.Model(); }
+  void SetCalibModel(TCalibModel Model);
+  const std::string& GetMapCaption() const noexcept { return CalibData().Caption; }
+  void SetMapCaption(const std::string& Caption);  // does not repaint
+  // Accepts 1..60, ignores anything else. Neither refits nor repaints, like the hemisphere.
+  int32_t GetUTMZone() const noexcept { return CalibData().UTMZone; }
+  void SetUTMZone(int32_t Zone);
+  THemisphere GetUTMHemisphere() const noexcept;
+  void SetUTMHemisphere(THemisphere Hemisphere);
+
+  bool AddCalibPoint(TGratLineKind LineKind, double LineValue, int32_t X, int32_t Y);
+  bool AddCalibPoint(double Lat, double Long, int32_t X, int32_t Y);
+  bool AddCalibPoint(double Northing, double Easting, int32_t Zone, THemisphere Hemisphere,
+                     int32_t X, int32_t Y);
+  bool RemoveCalibPoint(int32_t X, int32_t Y);
+  bool RemoveCalibPoint(TGratLineKind LineKind, double LineValue, int32_t X, int32_t Y);
+  void RestoreLastDeletedCalPoint();
+  void ClearCalibData();
+  void RecalcCalibration();
+  void CalcExtentsAndResolution();  // does not repaint
+  void CalibQuality(double& QualX, double& QualY) const;
+
+  // --- conversion --------------------------------------------------------------------------------
+  double CalcLatitude(int32_t X, int32_t Y, bool& Valid) const;
+  double CalcLatitude(TPoint P, bool& Valid) const;
+  double CalcLongitude(int32_t X, int32_t Y, bool& Valid) const;
+  double CalcLongitude(TPoint P, bool& Valid) const;
+  bool CalcPixelCoords(double Lat, double Long, int32_t& X, int32_t& Y) const;
+  bool CalcPixelCoordsUTM(double Northing, double Easting, int32_t& X, int32_t& Y) const;
+  int32_t CalcUTMyFromNorthingX(double Northing, int32_t X) const;
+  int32_t CalcUTMxFromEastingY(double Easting, int32_t Y) const;
+  bool IsPositionWithinMap(double Lat, double Long) const;
+
+  // --- calibration files -------------------------------------------------------------------------
+  // The file last given to SetCalDatName.
+  const std::string& CalibDataFile() const noexcept { return FCalDatName; }
+  // Loads the file's first calibration. A file that does not exist makes the map empty instead.
+  void SetCalDatName(const std::string& Name);
+  // Reads the calibration with the Id, or the first for an empty Id, and its map image, looked up
+  // as named, then beside the file; fits and repaints. True when the graticule lines are complete,
+  // which only cmParabolicIp needs: false does not mean failure. Nothing changes when there is
+  // none. Throws EInOutError, and EZAVGeoMapError for a damaged file or an image that is too large.
+  bool LoadCalDataFromXML(const std::string& FileName, const std::string& Id);
+  bool LoadCalDataFromXML(TMemoryStream& Stream, const std::string& Id);
+  bool ReadCalDataFromOpenXMLFile(TextFile& F, const std::string& Id);
+  // The file is replaced when everything is written, or not at all.
+  void SaveCalDataAsXML(const std::string& FileName, const std::string& Id) const;
+  void SaveCalDataAsXML(TStream& Stream, const std::string& Id) const;
+  void WriteCalDataToOpenXMLFile(TextFile& F, bool WithHeader, const std::string& Id) const;
+
+  // --- landmarks ---------------------------------------------------------------------------------
+  int32_t NumLandMarks() const noexcept { return 0; }
+  // Where new landmarks take everything from that is not given. Does not repaint.
+  const TLandMark& LandMarkDefault() const noexcept { return FLandMarkDefault; }
+  void SetLandMarkDefault(const TLandMark& Value) { FLandMarkDefault = Value; }
+  bool GetClassVisibility(uint8_t ClassFlag) const noexcept { return FLMClassVisible[ClassFlag]; }
+  void SetClassVisibility(uint8_t ClassFlag, bool Visible);
+  // The largest number drawn in one picture; more are thinned out at random. At least 1001, smaller
+  // values are ignored; repaints when different.
+  int32_t LMRandomDisplayThreshold() const noexcept { return FLMRandSampleLimit; }
+  void SetRandSampleLimit(int32_t Value);
+  // 1..NumLandMarks, 0 for none; any other index means none. Repaints when different.
+  int32_t HighLightLandMark() const noexcept { return FHighLM; }
+  void SetHighLM(int32_t Index);
+  TColor HighLightFGColor() const noexcept { return FHighLMColFG; }
+  TColor HighLightBGColor() const noexcept { return FHighLMColBG; }
+  bool HighLightTransparent() const noexcept { return FHighLMTrans; }
+  void SetHighLightProperties(TColor ColorFG, TColor ColorBG, bool Transparent);
+
+  // --- mouse -------------------------------------------------------------------------------------
+  // What the left button does. Neither setter repaints.
+  TMouseActMode MouseAction() const noexcept { return FMouseAction; }
+  void SetMouseAction(TMouseActMode Action) { FMouseAction = Action; }
+  // Whether MouseAction is maPan.
+  bool GetAllowPan() const noexcept { return FMouseAction == TMouseActMode::maPan; }
+  void SetAllowPan(bool Value);
+  // Whether a zoom box is being drawn.
+  bool ZoomState() const noexcept { return false; }
+  // Map pixels of the last button press and the last move.
+  int32_t LastClickPosX() const noexcept { return FMouse.LastClick().X; }
+  int32_t LastClickPosY() const noexcept { return FMouse.LastClick().Y; }
+  int32_t LastMousePosX() const noexcept { return FMouse.LastMove().X; }
+  int32_t LastMousePosY() const noexcept { return FMouse.LastMove().Y; }
+  // Degrees of the last button press, 0 when they cannot be told.
+  double GetLastMClickLatitude() const;
+  double GetLastMClickLongitude() const;
+
+  // The trace that the mouse leaves in maMouseTrace. Neither setter repaints; both count for the
+  // points that come.
+  TColor MouseTraceColor() const noexcept { return FTraceColor; }
+  void SetMouseTraceColor(TColor Color) { FTraceColor = Color; }
+  bool MouseTraceInvert() const noexcept { return FTraceInvert; }
+  void SetMouseTraceInvert(bool Value) { FTraceInvert = Value; }
+  int32_t NumMTracePoints() const noexcept { return FTrace.Count(); }
+  // Point 1..NumMTracePoints, X and Y replaced by longitude and latitude; Flags are mtfInvalid for
+  // another index and where there is no position.
+  TMouseTracePoint GetMTracePoint(int32_t Index) const;
+  void ClearMouseTrace();
+  // Draws the trace on a bitmap whose pixel (Left, Top) is the control's top left.
+  void DrawMouseTrace(int32_t Left, int32_t Top, TBitmap& Bitmap) const;
+
+  void MouseDown(TMouseButton Button, TShiftState Shift, int32_t X, int32_t Y) override;
+  void MouseMove(TShiftState Shift, int32_t X, int32_t Y) override;
+  void MouseUp(TMouseButton Button, TShiftState Shift, int32_t X, int32_t Y) override;
+
+  // --- events ------------------------------------------------------------------------------------
+  // All belong to the application; the sender comes first. A canvas is in control pixels, and what
+  // is drawn on it lands in the picture.
+  using TProgressEvent = std::function<void(TGeoMap*, int PercentDone, bool& Cancel)>;
+  using TRenderEvent = std::function<void(TGeoMap*, TCanvas& Canvas)>;
+  using TDrawLandMarkEvent = std::function<void(TGeoMap*, bool& Handled, TCanvas& Canvas,
+                                                TPoint Position, const TLandMark& LandMark)>;
+  using TMapImgRequestEvent = std::function<void(TGeoMap*, std::string& FileName)>;
+  using TLandMarkActionEvent =
+      std::function<void(TGeoMap*, bool& Allowed, TLandMarkAction, const TLandMark& LandMarkData)>;
+  using TZoomPanEvent = std::function<void(TGeoMap*)>;
+  using TOnRubberBandActionEvent = std::function<void(TGeoMap*, TPoint Map)>;
+  // Kind 1: longitude and latitude of two corners; 0: their map pixels.
+  using TSelectRectEvent =
+      std::function<void(TGeoMap*, int Kind, double X1, double Y1, double X2, double Y2)>;
+
+  TProgressEvent OnDataLoading;           // while an image file loads; cancelling throws
+  TRenderEvent OnBeforeRenderData;        // the map image is drawn, nothing above it yet
+  TRenderEvent OnDataRendered;            // landmarks are drawn, the highlighted one not yet
+  TDrawLandMarkEvent OnDrawLandmark;      // before each landmark; handled ones are not drawn
+  TMapImgRequestEvent OnMapImageRequest;  // before an image file loads; may name another file
+  TLandMarkActionEvent OnLandMarkAction;  // before a landmark is added or removed
+  TZoomPanEvent OnZoomPan;                // after the user zoomed or panned
+  TOnRubberBandActionEvent OnBeginRubberBand;
+  TOnRubberBandActionEvent OnContinueRubberBand;
+  TOnRubberBandActionEvent OnEndRubberBand;
+  TSelectRectEvent OnSelectRect;
+
+  void DoZoomPanEvent();
+  void DoSelectRectEvent(int Kind, double X1, double Y1, double X2, double Y2);
+
+  // An observer is called once however often it was added.
+  void AddObserver(TGeoMapObserver* Observer);
+  void RemoveObserver(TGeoMapObserver* Observer);
+
+ private:
+  using TNotification = void (TGeoMapObserver::*)(TGeoMap&);
+
+  TSize ControlSize() const noexcept { return {Width(), Height()}; }
+  // Each of these is the last thing its caller does, or the caller asks for the control's life
+  // afterwards: a handler may have destroyed it.
+  void Notify(TNotification What);
+  void ChangeView(const TViewState& View);
+  void ChangeViewAndPaint(const TViewState& View);
+  void CalibrationChanged();
+  void ImageChanged();
+  bool MoveViewByUser(const TViewState& View);
+  template <typename T>
+  void Store(T& Member, const T& Value);
+  template <typename T>
+  void StoreIfDifferent(T& Member, const T& Value);
+  template <typename Operation>
+  auto Framed(Operation Call) const;
+
+  void AcceptImage(const std::string& Name);
+  void ForgetImage();
+  TMouseContext MouseContext() const;
+  void TraceMove(TShiftState Shift, int32_t& X, int32_t& Y);
+
+  TCalibration FCalibration;
+  std::string FCalDatName;
+
+  TMapImage FImage;
+  TViewState FView;
+  TZoomRing FZoomRing;
+  TZoomGesture FZoomGesture;
+  bool FConfinePan = true;
+
+  TMapLook FLook;
+  std::shared_ptr<TBitmap> FInternalMapImg;  // shared with a rendering under way
+  bool FSuppressPaint = false;
+  bool FPainting = false;
+
+  TLandMark FLandMarkDefault;
+  std::array<bool, 256> FLMClassVisible;
+  int32_t FLMRandSampleLimit = 20000;
+  int32_t FHighLM = 0;
+  TColor FHighLMColFG = clBlue;
+  TColor FHighLMColBG = clYellow;
+  bool FHighLMTrans = false;
+
+  TMouseActMode FMouseAction = TMouseActMode::maPan;
+  TMouseTools FMouse;
+  TMouseTrace FTrace;
+  TColor FTraceColor = clWhite;
+  bool FTraceInvert = true;
+
+  std::vector<TGeoMapObserver*> FObservers;
+};
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,10 @@
+// geomap.h - everything of the map unit that applications use.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_GEOMAP_H
+#define ZAV_GEOMAP_GEOMAP_H
+
+#include <geomap/calibration/calibration.h>
+#include <geomap/errors.h>
+#include <geomap/geo_map.h>
+
+#endif

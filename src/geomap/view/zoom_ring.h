@@ -1,0 +1,42 @@
+// zoom_ring.h - the last sixteen views, oldest overwritten.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_VIEW_ZOOM_RING_H
+#define ZAV_GEOMAP_VIEW_ZOOM_RING_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include <geomap/view/view_state.h>
+
+namespace zav {
+
+// A view: its TopLeft and Magnification. An entry of zeros is an empty place.
+struct TgmZoomStackEntry {
+  int32_t Left = 0;
+  int32_t Top = 0;
+  double MagF = 0;
+  friend bool operator==(const TgmZoomStackEntry&, const TgmZoomStackEntry&) = default;
+};
+
+class TZoomRing {
+ public:
+  static constexpr int32_t Size = 16;
+
+  // Removes all views.
+  void Clear() noexcept { *this = {}; }
+  void Push(const TViewState& View) noexcept;
+  // The view pushed last for Index = 0, the one before for -1, ... down to -15. An empty entry for
+  // a place that holds no view and for any other index.
+  TgmZoomStackEntry Entry(int32_t Index) const noexcept;
+
+  friend bool operator==(const TZoomRing&, const TZoomRing&) = default;
+
+ private:
+  std::array<TgmZoomStackEntry, Size> FEntries{};
+  size_t FNext = 0;  // where the next push goes
+};
+
+}  // namespace zav
+
+#endif
