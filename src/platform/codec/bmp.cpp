@@ -129,7 +129,7 @@ TBitmap DecodeBmp(std::span<const uint8_t> Data, const std::string& Name,
   const auto Pixels = Data.subspan(Header.PixelOffset);
   const bool Runs = Header.Coding == TBmpCoding::bcRle4 || Header.Coding == TBmpCoding::bcRle8;
 
-  TBitmap Bitmap(Header.Width, Header.Height, TPixelFormat::pf32bit);
+  TBitmap Bitmap = TBitmap::ForOverwrite(Header.Width, Header.Height, TPixelFormat::pf32bit);
   const bool Done = Runs ? DecodeBmpRuns(Header, Pixels, Palette, Name, Bitmap, Progress)
                          : ReadRows(Header, Pixels, Palette, Bitmap, Progress);
   if (!Done || !Progress.Report(100)) throw EImageCancelled(Name + ": cancelled");

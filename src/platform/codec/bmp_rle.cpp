@@ -111,10 +111,8 @@ class TRunDecoder {
 bool DecodeBmpRuns(const TBmpHeader& Header, std::span<const uint8_t> Data,
                    const TBmpPalette& Palette, const std::string& Name, TBitmap& Bitmap,
                    TPercentReport& Progress) {
-  if (Palette[0] != 0xFF000000) {
-    for (int32_t Y = 0; Y < Header.Height; ++Y) {
-      std::fill_n(reinterpret_cast<uint32_t*>(Bitmap.Row(Y)), Header.Width, Palette[0]);
-    }
+  for (int32_t Y = 0; Y < Header.Height; ++Y) {
+    std::fill_n(reinterpret_cast<uint32_t*>(Bitmap.Row(Y)), Header.Width, Palette[0]);
   }
   return TRunDecoder(Header, Data, Palette, Name, Bitmap).Run(Progress);
 }

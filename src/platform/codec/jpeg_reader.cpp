@@ -134,7 +134,7 @@ TBitmap DecodeJpeg(std::span<const uint8_t> Data, const std::string& Name,
   const TSize Size = Reader.ReadHeader();
   CheckDecodable(Size, Name);
   Reader.Check();
-  TBitmap Bitmap(Size.Width, Size.Height, TPixelFormat::pf32bit);
+  TBitmap Bitmap = TBitmap::ForOverwrite(Size.Width, Size.Height, TPixelFormat::pf32bit);
   Reader.Decode(Bitmap);
   return Bitmap;
 }

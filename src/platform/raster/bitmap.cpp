@@ -29,17 +29,37 @@ TBitmap::TBitmap(int32_t Width, int32_t Height, TPixelFormat Format) : FFormat(F
   SetSize(Width, Height);
 }
 
+TBitmap TBitmap::ForOverwrite(int32_t Width, int32_t Height, TPixelFormat Format) {
+  TBitmap Result(Format);
+  if (Width <= 0 || Height <= 0) return TBitmap(Width, Height, Format);
+  Result.FStride = StrideFor(Width, Height, Format);
+  Result.FPixels.resize(Result.FStride * static_cast<size_t>(Height));
+  Result.FWidth = Width;
+  Result.FHeight = Height;
+  // Comparing looks at the padding too.
+  const size_t Used = static_cast<size_t>(Width) * static_cast<size_t>(BytesPerPixel(Format));
+  for (int32_t Y = 0; Y < Height && Used < Result.FStride; ++Y) {
+    std::memset(Result.Row(Y) + Used, 0, Result.FStride - Used);
+  }
+  return Result;
+}
+
+size_t TBitmap::StrideFor(int32_t Width, int32_t Height, TPixelFormat Format) {
+  const size_t Stride =
+      (static_cast<size_t>(Width) * static_cast<size_t>(BytesPerPixel(Format)) + 3) / 4 * 4;
+  if (Stride != 0 && static_cast<size_t>(Height) > TBytes().max_size() / Stride) {
+    throw std::bad_alloc();
+  }
+  return Stride;
+}
+
 void TBitmap::SetSize(int32_t Width, int32_t Height) {
   const int32_t NewWidth = std::max(Width, 0);
   const int32_t NewHeight = std::max(Height, 0);
   if (NewWidth == FWidth && NewHeight == FHeight) return;
   const size_t PixelSize = static_cast<size_t>(BytesPerPixel(FFormat));
-  const size_t NewStride = (static_cast<size_t>(NewWidth) * PixelSize + 3) / 4 * 4;
-  std::vector<uint8_t> Pixels;
-  if (NewStride != 0 && static_cast<size_t>(NewHeight) > Pixels.max_size() / NewStride) {
-    throw std::bad_alloc();
-  }
-  Pixels.resize(NewStride * static_cast<size_t>(NewHeight));
+  const size_t NewStride = StrideFor(NewWidth, NewHeight, FFormat);
+  TBytes Pixels(NewStride * static_cast<size_t>(NewHeight), 0);
 
   const int32_t Kept = std::min(FWidth, NewWidth);
   for (int32_t Y = 0; Y < NewHeight; ++Y) {
