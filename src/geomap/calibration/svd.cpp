@@ -77,22 +77,29 @@ bool TSingularValues::Decompose(const TMatrix& A, TProgress& Progress) {
   FLeftFactor.assign(FCols, 0.0);
   FRightFactor.assign(FCols, 0.0);
   FReflectors.assign(FRows * FCols, 0.0);
+  double Largest = 0;
   for (std::size_t J = 0; J < FCols; ++J) {
     for (std::size_t I = 0; I < FDataRows; ++I) {
       const double Value = A.GetVal(static_cast<int32_t>(J + 1), static_cast<int32_t>(I + 1));
       if (!std::isfinite(Value)) return false;
       FReflectors[J * FRows + I] = Value;
+      Largest = std::max(Largest, std::fabs(Value));
     }
   }
+  // A power of two changes no digit and keeps the squares below within range.
+  const int Exponent = Largest > 0 ? std::ilogb(Largest) : 0;
+  for (double& Value : FReflectors) Value = std::ldexp(Value, -Exponent);
   if (!Bidiagonalise(Progress)) return false;
   AccumulateRight();
   AccumulateLeft();
   if (!Diagonalise(Progress)) return false;
 
-  const double Largest = FCols == 0 ? 0.0 : *std::max_element(FW.begin(), FW.end());
+  Largest = FCols == 0 ? 0.0 : *std::max_element(FW.begin(), FW.end());
   for (double& Value : FW) {
-    if (!std::isfinite(Value)) return false;
-    if (Value >= Largest * RankTolerance && Value > 0) continue;
+    if (Value >= Largest * RankTolerance && Value > 0) {
+      Value = std::ldexp(Value, Exponent);
+      continue;
+    }
     Value = 0;
     FSingular = true;
   }
