@@ -29,6 +29,8 @@ def case_pairs(convert):
         mapped = convert(chr(code))
         if code == 0x130 and convert is str.lower:
             mapped = "i"  # the simple mapping; the full one is i and a dot above
+        if len(mapped) > 1 and convert is str.upper:
+            mapped = chr(code).title()  # Greek letters with iota: one capital, spelled out in full case
         if len(mapped) == 1 and ord(mapped) != code and ord(mapped) >= 0x41:
             yield code, ord(mapped)
 

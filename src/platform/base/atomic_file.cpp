@@ -21,12 +21,17 @@ namespace fs = std::filesystem;
 
 constexpr size_t BufferSize = 65536;
 
-// Where the bytes are to go: the end of a chain of links, or the path itself.
+// Where the bytes are to go: the end of a chain of links, which need not exist, or the path itself.
 std::string LinkTarget(const std::string& Path) {
+  constexpr int MostLinks = 40;  // more are a ring, on which opening fails
+  fs::path target = Path;
   std::error_code error;
-  if (!fs::is_symlink(Path, error)) return Path;
-  const fs::path target = fs::weakly_canonical(Path, error);
-  return error ? Path : target.string();
+  for (int i = 0; i < MostLinks && fs::is_symlink(target, error); ++i) {
+    const fs::path link = fs::read_symlink(target, error);
+    if (error) break;
+    target = target.parent_path() / link;
+  }
+  return target.string();
 }
 
 std::string FolderOf(const std::string& Path) { return Path.substr(0, Path.rfind('/') + 1); }
