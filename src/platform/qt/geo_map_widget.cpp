@@ -1,0 +1,200 @@
+// geo_map_widget.cpp - GeoMapWidget: life, painting, loading and the boundary for exceptions.
+// SPDX-License-Identifier: MIT
+#include <platform/qt/geo_map_widget.h>
+
+#include <exception>
+
+#include <QEvent>
+#include <QImage>
+#include <QMetaObject>
+#include <QNativeGestureEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QResizeEvent>
+
+#include <cmath>
+
+#include <geomap/calibration/calib_file.h>
+#include <platform/base/paths.h>
+#include <platform/qt/qt_control_window.h>
+#include <platform/qt/qt_convert.h>
+#include <platform/qt/qt_image.h>
+
+namespace zav {
+
+namespace {
+
+constexpr int GesturePause = 500;  // milliseconds
+
+}  // namespace
+
+GeoMapWidget::GeoMapWidget(QWidget* Parent)
+    : QWidget(Parent), FHost(*this), FMap(std::make_unique<TGeoMap>(nullptr, FHost)) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAttribute(Qt::WA_NoSystemBackground);
+  setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
+  FShownView = FMap->View();
+  FMap->AddObserver(this);
+  FGestureEnd.setSingleShot(true);
+  FGestureEnd.setInterval(GesturePause);
+  connect(&FGestureEnd, &QTimer::timeout, this,
+          [this] { Guarded([this] { FMap->ZoomStateOnStack(); }); });
+  resize(FMap->Width(), FMap->Height());
+}
+
+GeoMapWidget::~GeoMapWidget() { FMap->RemoveObserver(this); }
+
+TQtControlWindow& GeoMapWidget::Window() const {
+  // The widget's own host made it.
+  return static_cast<TQtControlWindow&>(FMap->Window());
+}
+
+QImage GeoMapWidget::picture() const {
+  QImage Image = WrapBitmap(std::as_const(Window().Buffer())).convertToFormat(QImage::Format_RGB32);
+  Image.setDevicePixelRatio(Window().Scale());
+  return Image;
+}
+
+// --- the boundary for exceptions
+
+bool GeoMapWidget::Guarded(const std::function<void()>& Call) {
+  const QPointer<GeoMapWidget> Self(this);
+  QString Reason;
+  try {
+    Call();
+    return !Self.isNull();
+  } catch (const std::exception& Error) {
+    Reason = ToQString(Error.what());
+  } catch (...) {
+    Reason = tr("Unknown error");
+  }
+  if (Self) ReportError(Reason);
+  return false;
+}
+
+void GeoMapWidget::ReportError(const QString& Text) noexcept {
+  try {
+    Q_EMIT errorOccurred(Text);
+  } catch (...) {
+    // A slot that cannot take the message has nobody left to tell.
+  }
+}
+
+// --- loading
+
+bool GeoMapWidget::loadMap(const QString& CalibrationFile) {
+  return Guarded([&] { LoadCalibration(CalibrationFile); });
+}
+
+void GeoMapWidget::LoadCalibration(const QString& CalibrationFile) {
+  const std::string Path = FromQString(CalibrationFile);
+  if (ResolveFile(Path).empty()) throw EInOutError(Path, "no such file");
+  // Read once before anything changes, because the map keeps silent about a file without
+  // calibration.
+  TCalibData Data;
+  TCalibModel Model = TCalibModel::cmUndefined;
+  if (!ParseCalibData(Path, "", Data, Model)) throw EInOutError(Path, "holds no map calibration");
+
+  const QPointer<GeoMapWidget> Self(this);
+  FMapFile = CalibrationFile;
+  const bool GraticuleComplete = FMap->LoadCalDataFromXML(Path, "");
+  if (Self.isNull()) return;
+  // The file format has no word for this model.
+  if (GraticuleComplete && FMap->CalibModel() == TCalibModel::cmUndefined)
+    FMap->SetCalibModel(TCalibModel::cmParabolicIp);
+  if (Self.isNull()) return;
+  if (FMap->MapImgFile().empty())
+    throw EInOutError(Path, "the map image \"" + Data.MapFName + "\" was not found");
+  FMap->ClearZoomHistory();
+}
+
+bool GeoMapWidget::loadImage(const QString& ImageFile) {
+  return Guarded([&] {
+    const std::string Path = FromQString(ImageFile);
+    // A handler may know another file for the name.
+    if (!FMap->OnMapImageRequest) {
+      if (ResolveFile(Path).empty()) throw EInOutError(Path, "no such file");
+      if (ImageKindOfName(Path) == TImageKind::ikUnknown)
+        throw EInOutError(Path, "no image file that can be read (.bmp, .jpg, .jpeg)");
+    }
+    FMap->SetMapImgName(Path);
+  });
+}
+
+void GeoMapWidget::clear() {
+  FMapFile.clear();
+  Guarded([this] { FMap->Clear(); });
+}
+
+// --- what the map tells
+
+void GeoMapWidget::ViewChanged(TGeoMap& Map) {
+  const TViewState Before = FShownView;
+  const TViewState Now = Map.View();
+  FShownView = Now;
+  const QPointer<GeoMapWidget> Self(this);
+  Q_EMIT viewChanged();
+  if (Self && Now.Magnification != Before.Magnification)
+    Q_EMIT magnificationChanged(Now.Magnification);
+  if (Self && Now.TopLeft != Before.TopLeft) Q_EMIT topLeftChanged(ToQPoint(Now.TopLeft));
+}
+
+void GeoMapWidget::CalibrationChanged(TGeoMap& /*Map*/) { Q_EMIT calibrationChanged(); }
+
+void GeoMapWidget::ImageChanged(TGeoMap& /*Map*/) { Q_EMIT mapChanged(); }
+
+// --- painting
+
+void GeoMapWidget::paintEvent(QPaintEvent* Event) {
+  // No handler may run within a paint event, so the picture for another scale is drawn afterwards.
+  if (Window().Scale() != devicePixelRatioF())
+    QMetaObject::invokeMethod(this, &GeoMapWidget::FollowScreen, Qt::QueuedConnection);
+  QPainter Painter(this);
+  Window().CopyTo(Painter, Event->region());
+}
+
+void GeoMapWidget::BeforePaintEvent(const std::function<void()>& Draw) {
+  const QPointer<GeoMapWidget> Self(this);
+  Window().SetPaintPending(true);
+  Guarded(Draw);
+  if (Self) Window().SetPaintPending(false);
+}
+
+void GeoMapWidget::FollowScreen() {
+  if (Window().Scale() == devicePixelRatioF()) return;
+  BeforePaintEvent([this] {
+    Window().SetScale(devicePixelRatioF());
+    update();
+    FMap->Paint();
+  });
+}
+
+void GeoMapWidget::resizeEvent(QResizeEvent* /*Event*/) {
+  FollowScreen();
+  BeforePaintEvent([this] { FMap->SetSize(width(), height()); });
+}
+
+bool GeoMapWidget::event(QEvent* Event) {
+  switch (Event->type()) {
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent: {
+      const bool Visible = Event->type() == QEvent::ShowToParent;
+      if (!Guarded([&] { FMap->SetVisible(Visible); })) return true;
+      break;
+    }
+    case QEvent::NativeGesture: {
+      const auto* Gesture = static_cast<QNativeGestureEvent*>(Event);
+      if (Gesture->gestureType() != Qt::ZoomNativeGesture) break;
+      // The value is what is added to a size of 1.
+      TurnWheel(Gesture->position(), UnitsPerDoubling * std::log2(1 + Gesture->value()));
+      return true;
+    }
+    default:
+      break;
+  }
+  return QWidget::event(Event);
+}
+
+}  // namespace zav

@@ -1,0 +1,258 @@
+// geo_map_widget.h - a widget that shows a calibrated map: TGeoMap for Qt developers.
+//
+//   auto* Map = new zav::GeoMapWidget;
+//   layout->addWidget(Map);
+//   connect(Map, &zav::GeoMapWidget::errorOccurred, this, &Window::showError);
+//   Map->loadMap("europe.xml");
+//
+// Users drag the map with the left button, zoom about the mouse with the wheel or a touchpad, and
+// use the keyboard: arrows pan (farther with Shift), + and - zoom, 0 shows the map at its own size,
+// F or Home all of it.
+//
+// What has no Qt member is done on map(), the control itself. It belongs to the widget; sizes and
+// mouse events come from the widget only. docs/properties.md lists all properties and events.
+//
+// No exception leaves this class but from its constructor and map(): the text of one that an
+// operation, a handler or a connected slot throws goes to errorOccurred(). A handler may delete the
+// widget during a mouse, wheel or key event; deleteLater() is right at any time.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_QT_GEO_MAP_WIDGET_H
+#define ZAV_PLATFORM_QT_GEO_MAP_WIDGET_H
+
+#include <functional>
+#include <memory>
+
+#include <QColor>
+#include <QPoint>
+#include <QPointF>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <geomap/geo_map.h>
+#include <platform/qt/qt_host.h>
+
+namespace zav {
+
+class TQtControlWindow;
+
+class GeoMapWidget : public QWidget, private TGeoMapObserver {
+  Q_OBJECT
+
+  Q_PROPERTY(QString mapFile READ mapFile WRITE loadMap NOTIFY mapChanged)
+  Q_PROPERTY(QString imageFile READ imageFile WRITE loadImage NOTIFY mapChanged)
+  Q_PROPERTY(QString caption READ caption WRITE setCaption NOTIFY calibrationChanged)
+  Q_PROPERTY(CalibrationModel calibrationModel READ calibrationModel WRITE setCalibrationModel
+                 NOTIFY calibrationChanged)
+  Q_PROPERTY(
+      double magnification READ magnification WRITE setMagnification NOTIFY magnificationChanged)
+  Q_PROPERTY(QPoint topLeft READ topLeft WRITE setTopLeft NOTIFY topLeftChanged)
+  Q_PROPERTY(bool confinePanToMapImage READ confinePanToMapImage WRITE setConfinePanToMapImage
+                 NOTIFY settingsChanged)
+  Q_PROPERTY(bool allowPan READ allowPan WRITE setAllowPan NOTIFY settingsChanged)
+  Q_PROPERTY(MouseMode mouseMode READ mouseMode WRITE setMouseMode NOTIFY settingsChanged)
+  Q_PROPERTY(bool antiAlias READ antiAlias WRITE setAntiAlias NOTIFY settingsChanged)
+  Q_PROPERTY(double cacheMagnificationLimit READ cacheMagnificationLimit WRITE
+                 setCacheMagnificationLimit NOTIFY settingsChanged)
+  Q_PROPERTY(
+      Graticule showGraticule READ showGraticule WRITE setShowGraticule NOTIFY settingsChanged)
+  Q_PROPERTY(double graticuleSpacing READ graticuleSpacing WRITE setGraticuleSpacing NOTIFY
+                 settingsChanged)
+  Q_PROPERTY(int utmGridSpacing READ utmGridSpacing WRITE setUtmGridSpacing NOTIFY settingsChanged)
+  Q_PROPERTY(
+      QColor backgroundColor READ backgroundColor WRITE setBackgroundColor NOTIFY settingsChanged)
+  Q_PROPERTY(
+      QColor graticuleColor READ graticuleColor WRITE setGraticuleColor NOTIFY settingsChanged)
+  Q_PROPERTY(QColor calibrationPointColor READ calibrationPointColor WRITE setCalibrationPointColor
+                 NOTIFY settingsChanged)
+  Q_PROPERTY(QColor emptyMessageColor READ emptyMessageColor WRITE setEmptyMessageColor NOTIFY
+                 settingsChanged)
+  Q_PROPERTY(QString emptyMessage READ emptyMessage WRITE setEmptyMessage NOTIFY settingsChanged)
+  Q_PROPERTY(Frame frameStyle READ frameStyle WRITE setFrameStyle NOTIFY settingsChanged)
+
+ public:
+  // Values as in TShowGrat, TFrameStyle, TMouseActMode and TCalibModel.
+  enum class Graticule { None, Points, Lines, PointsAndLines, UtmGrid, PointsAndUtmGrid };
+  Q_ENUM(Graticule)
+  enum class Frame { None, Sunken, Raised, Single, Etched };
+  Q_ENUM(Frame)
+  enum class MouseMode {
+    None = 0,
+    Pan = 1,
+    PanHorizontal = 2,
+    PanVertical = 3,
+    RubberBand = 5,
+    ZoomBox = 7,
+    ZoomDrag = 9,
+    SelectRect = 16,
+    MouseTrace = 17
+  };
+  Q_ENUM(MouseMode)
+  enum class CalibrationModel {
+    Parabolic,
+    Biquadratic,
+    ConicConformal,
+    MillerCylindrical,
+    Equirectangular,
+    Utm,
+    Undefined
+  };
+  Q_ENUM(CalibrationModel)
+
+  explicit GeoMapWidget(QWidget* Parent = nullptr);
+  ~GeoMapWidget() override;
+
+  // The control. Its errors are thrown here, not signalled. Changes of view, calibration and image
+  // made on it are signalled as usual, other ones are not.
+  TGeoMap& map() noexcept { return *FMap; }
+  const TGeoMap& map() const noexcept { return *FMap; }
+  // The picture as it is shown, in device pixels.
+  QImage picture() const;
+
+  // The calibration file of the map, empty when it was not loaded by loadMap().
+  QString mapFile() const { return FMapFile; }
+  // The name of the map image, empty without a map.
+  QString imageFile() const;
+  QString caption() const;
+  CalibrationModel calibrationModel() const;
+  // Control pixels per pixel of the map image.
+  double magnification() const;
+  // The pixel of the map image at the widget's top left corner.
+  QPoint topLeft() const;
+  bool confinePanToMapImage() const;
+  bool allowPan() const;
+  MouseMode mouseMode() const;
+  bool antiAlias() const;
+  double cacheMagnificationLimit() const;
+  Graticule showGraticule() const;
+  double graticuleSpacing() const;
+  int utmGridSpacing() const;
+  QColor backgroundColor() const;
+  QColor graticuleColor() const;
+  QColor calibrationPointColor() const;
+  QColor emptyMessageColor() const;
+  QString emptyMessage() const;
+  Frame frameStyle() const;
+
+  QSize sizeHint() const override { return {500, 400}; }
+  QSize minimumSizeHint() const override { return {60, 40}; }
+
+ public Q_SLOTS:
+  // Shows the map that a calibration file tells of; the zoom history begins anew. False, and
+  // errorOccurred() tells why, when there is no such file, it is damaged, holds no calibration (the
+  // map shown before then stays), or its map image is missing or cannot be read.
+  bool loadMap(const QString& CalibrationFile);
+  // Shows an image file (BMP, JPEG) with the calibration as it is. False in the same way.
+  bool loadImage(const QString& ImageFile);
+  // No map, no calibration.
+  void clear();
+  void setCaption(const QString& Caption);
+  // Fits the calibration points to another model.
+  void setCalibrationModel(zav::GeoMapWidget::CalibrationModel Model);
+
+  // 0.5 to 2; beyond, errorOccurred() is emitted and nothing changes.
+  void setMagnification(double Magnification);
+  void setTopLeft(QPoint MapPixel);
+  // About the middle of the widget. At a limit nothing happens.
+  void zoomIn();
+  void zoomOut();
+  void zoomOneToOne();
+  // The whole map, whatever magnification that takes.
+  void zoomToFit();
+  // Moves the view over the map by so many control pixels.
+  void panBy(QPoint Distance);
+  void centerOn(double Latitude, double Longitude);
+
+  void setConfinePanToMapImage(bool On);
+  void setAllowPan(bool On);
+  void setMouseMode(zav::GeoMapWidget::MouseMode Mode);
+  void setAntiAlias(bool On);
+  void setCacheMagnificationLimit(double Limit);  // 0 to 2/3
+  void setShowGraticule(zav::GeoMapWidget::Graticule Shown);
+  void setGraticuleSpacing(double Degrees);  // 0 to 60; 0 is automatic
+  void setUtmGridSpacing(int Metres);        // 0 to 10000000; 0 is automatic
+  void setBackgroundColor(const QColor& Color);
+  void setGraticuleColor(const QColor& Color);
+  void setCalibrationPointColor(const QColor& Color);
+  void setEmptyMessageColor(const QColor& Color);
+  void setEmptyMessage(const QString& Text);
+  void setFrameStyle(zav::GeoMapWidget::Frame Style);
+
+ Q_SIGNALS:
+  // Something went wrong in an operation or a handler; the text is for people.
+  void errorOccurred(const QString& text);
+
+  // The first three come when either the user or the program changed the view.
+  void viewChanged();
+  void magnificationChanged(double magnification);
+  void topLeftChanged(QPoint mapPixel);
+  void calibrationChanged();
+  // Another map image, or none.
+  void mapChanged();
+  // A setting was changed by one of this class's setters.
+  void settingsChanged();
+
+  // The mouse moved, or the view under it: the position under the mouse in pixels of the map image
+  // and degrees. Not valid, and 0 degrees, without a map or calibration there, and when the mouse
+  // left.
+  void mousePositionChanged(QPointF mapPosition, double latitude, double longitude, bool valid);
+  // The left button went up where it went down; a position in the widget.
+  void clicked(QPoint position);
+  void doubleClicked(QPoint position);
+
+ protected:
+  bool event(QEvent* Event) override;
+  void paintEvent(QPaintEvent* Event) override;
+  void resizeEvent(QResizeEvent* Event) override;
+  void mousePressEvent(QMouseEvent* Event) override;
+  void mouseMoveEvent(QMouseEvent* Event) override;
+  void mouseReleaseEvent(QMouseEvent* Event) override;
+  void mouseDoubleClickEvent(QMouseEvent* Event) override;
+  void leaveEvent(QEvent* Event) override;
+  void wheelEvent(QWheelEvent* Event) override;
+  void keyPressEvent(QKeyEvent* Event) override;
+
+ private:
+  void ViewChanged(TGeoMap& Map) override;
+  void CalibrationChanged(TGeoMap& Map) override;
+  void ImageChanged(TGeoMap& Map) override;
+
+  TQtControlWindow& Window() const;
+  // Runs Call and reports what it throws. True when it threw nothing and the widget still exists.
+  bool Guarded(const std::function<void()>& Call);
+  void ReportError(const QString& Text) noexcept;
+  // Runs Set, and tells when what Get returns is another value then.
+  template <class TValue>
+  void Change(TValue (GeoMapWidget::*Get)() const, const std::function<void()>& Set);
+  // Runs Draw, which repaints, knowing that a paint event of all the widget follows.
+  void BeforePaintEvent(const std::function<void()>& Draw);
+
+  void LoadCalibration(const QString& CalibrationFile);
+  void FollowScreen();
+  void PressButton(const QMouseEvent& Event, TMouseButton Button);
+  void ZoomAt(QPointF Position, int Steps);
+  // Qt counts eighths of a degree; a notch of an ordinary wheel is 15 degrees.
+  static constexpr double UnitsPerStep = 120;
+  static constexpr double UnitsPerDoubling = UnitsPerStep * TZoomGesture::StepsPerDoubling;
+  // Turns by UnitsPerStep make a step; smaller ones add up.
+  void TurnWheel(QPointF Position, double Units);
+  bool HandleKey(int Key, bool Far);
+  void ViewChangedByUser();
+  void EndGesture();
+  void ReportMousePosition();
+
+  TQtHost FHost;
+  std::unique_ptr<TGeoMap> FMap;
+  QString FMapFile;
+  TViewState FShownView;
+
+  QPointF FMouse;
+  bool FMouseInside = false;
+  QPoint FPressed;
+  double FWheelUnits = 0;
+  QTimer FGestureEnd;  // a pause in zooming and panning without the mouse makes one step of history
+};
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,13 @@
+// qt.h - all of the Qt adapter.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_QT_QT_H
+#define ZAV_PLATFORM_QT_QT_H
+
+#include <platform/qt/geo_map_widget.h>
+#include <platform/qt/qt_control_window.h>
+#include <platform/qt/qt_convert.h>
+#include <platform/qt/qt_fonts.h>
+#include <platform/qt/qt_host.h>
+#include <platform/qt/qt_image.h>
+
+#endif

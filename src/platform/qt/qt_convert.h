@@ -1,0 +1,43 @@
+// qt_convert.h - this library's values as Qt's, and back.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_QT_QT_CONVERT_H
+#define ZAV_PLATFORM_QT_QT_CONVERT_H
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include <QColor>
+#include <QPoint>
+#include <QRegion>
+#include <QString>
+
+#include <platform/base/color.h>
+#include <platform/base/geometry.h>
+#include <platform/host/control.h>
+
+namespace zav {
+
+// Bytes that are no UTF-8 are read as Windows-1252.
+QString ToQString(std::string_view Text);
+inline std::string FromQString(const QString& Text) { return Text.toStdString(); }
+
+inline QColor ToQColor(TColor Color) { return {RedOf(Color), GreenOf(Color), BlueOf(Color)}; }
+// The opacity is dropped.
+TColor FromQColor(const QColor& Color);
+
+inline QPoint ToQPoint(TPoint Point) { return {Point.X, Point.Y}; }
+inline TPoint FromQPoint(QPoint Point) { return {Point.x(), Point.y()}; }
+// The control pixel that holds a position within a widget.
+TPoint PixelAt(QPointF Position);
+
+QRegion ToQRegion(std::span<const TRect> Areas);
+
+// Nothing for buttons that controls do not know.
+std::optional<TMouseButton> ToMouseButton(Qt::MouseButton Button);
+TShiftState ToShiftState(Qt::KeyboardModifiers Modifiers, Qt::MouseButtons Buttons);
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,37 @@
+// qt_host.h - the host of controls in a Qt application.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_QT_QT_HOST_H
+#define ZAV_PLATFORM_QT_QT_HOST_H
+
+#include <memory>
+
+#include <platform/host/host.h>
+#include <platform/qt/qt_fonts.h>
+
+class QWidget;
+
+namespace zav {
+
+// Must outlive the controls that it hosts. Texts need a QGuiApplication (the platform "offscreen"
+// will do), all else works without one.
+class TQtHost final : public THost {
+ public:
+  // A host for pictures that are never on a screen, such as those of a command-line tool: each
+  // control draws on a buffer of its own, Scale device pixels a control pixel (0.1 to 16).
+  explicit TQtHost(double Scale = 1);
+  // A host for the control that fills Widget, which must outlive the host.
+  explicit TQtHost(QWidget& Widget);
+
+  TFontEngine& Fonts() override { return FFonts; }
+  std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) override;
+  void ProcessMessages() override;
+
+ private:
+  TQtFontEngine FFonts;
+  QWidget* FWidget = nullptr;
+  double FScale = 1;
+};
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,23 @@
+// qt_image.h - bitmaps as Qt images, without a copy, and Qt images as bitmaps.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_QT_QT_IMAGE_H
+#define ZAV_PLATFORM_QT_QT_IMAGE_H
+
+#include <QImage>
+
+#include <platform/raster/bitmap.h>
+
+namespace zav {
+
+// A Qt image over the bitmap's own pixels, which must stay as long as the image; null for an empty
+// bitmap. Painting on the image of a non-const bitmap draws on the bitmap, as long as that image is
+// not copied; the image of a const one makes its own copy of the pixels when it is painted on.
+QImage WrapBitmap(TBitmap& Bitmap);
+QImage WrapBitmap(const TBitmap& Bitmap);
+
+// A bitmap of 32 bits a pixel with the image's picture; transparent parts show black.
+TBitmap ToBitmap(const QImage& Image);
+
+}  // namespace zav
+
+#endif
