@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 
 namespace zav {
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int MaxIterations = 30;
 constexpr double RankTolerance = 1e-14;
+constexpr int HarmlessExponent = 200;
 
 // Turns the vector X (Count values, Stride apart) into the Householder vector that maps it onto its
 // first axis; returns what remains there. Factor is 2 / (v . v), or 0 when there is nothing to do.
@@ -86,9 +88,12 @@ bool TSingularValues::Decompose(const TMatrix& A, TProgress& Progress) {
       Largest = std::max(Largest, std::fabs(Value));
     }
   }
-  // A power of two changes no digit and keeps the squares below within range.
-  const int Exponent = Largest > 0 ? std::ilogb(Largest) : 0;
-  for (double& Value : FReflectors) Value = std::ldexp(Value, -Exponent);
+  // Squares must not leave the range of a double; a power of two changes no digit.
+  int Exponent = Largest > 0 ? std::ilogb(Largest) : 0;
+  if (std::abs(Exponent) < HarmlessExponent) Exponent = 0;
+  if (Exponent != 0) {
+    for (double& Value : FReflectors) Value = std::ldexp(Value, -Exponent);
+  }
   if (!Bidiagonalise(Progress)) return false;
   AccumulateRight();
   AccumulateLeft();
