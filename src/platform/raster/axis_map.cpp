@@ -52,7 +52,7 @@ TAxisMap::TAxisMap(int32_t DestFrom, int32_t DestTo, int32_t DestSize, double So
   FPhase = Stepped(SourceFrom / FScale) - DestFrom;
   if (!std::isfinite(FPhase)) return;
 
-  const auto MiddleOf = [&](int32_t I) { return (I + (FPhase + 0.5)) * FScale; };
+  const auto MiddleOf = [&](int32_t I) { return (I + (FPhase + Half)) * FScale; };
   FFirst = FirstWhere(Low, High, [&](int32_t I) { return MiddleOf(I) >= 0; });
   FCount = FirstWhere(FFirst, High, [&](int32_t I) { return MiddleOf(I) >= SourceSize; }) - FFirst;
 }

@@ -31,7 +31,7 @@ class TAxisMap {
 
   // Where target pixel First() + I begins, and its middle, in source pixels.
   double Begin(int32_t I) const noexcept { return (FFirst + I + FPhase) * FScale; }
-  double Middle(int32_t I) const noexcept { return (FFirst + I + (FPhase + 0.5)) * FScale; }
+  double Middle(int32_t I) const noexcept { return (FFirst + I + (FPhase + Half)) * FScale; }
   // The source pixel under the middle.
   int32_t Nearest(int32_t I) const noexcept { return static_cast<int32_t>(Middle(I)); }
 
@@ -39,6 +39,10 @@ class TAxisMap {
   bool IsWhole(int32_t Ratio) const noexcept;
 
  private:
+  // Half a pixel, and a little more than the rounding of the phase, so that a middle exactly
+  // between two source pixels always goes to the right or lower one.
+  static constexpr double Half = 0.5 + 1.0 / 65536;
+
   double FScale = 0;
   double FPhase = 0;
   int32_t FFirst = 0;

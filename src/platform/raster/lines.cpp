@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <limits>
 #include <vector>
 
@@ -103,20 +104,25 @@ void PutPixels(TBitmap& Target, const TLineSteps& Line, TPixel Ink) noexcept {
   const ptrdiff_t Size = static_cast<ptrdiff_t>(sizeof(TPixel));
   const ptrdiff_t Major = Line.MajorX * Size + Line.MajorY * Stride;
   const ptrdiff_t Minor = Line.MinorX * Size + Line.MinorY * Stride;
-  uint8_t* const Start = Target.Row(static_cast<int32_t>(Line.Y));
-  ptrdiff_t Offset = Line.X * Size;
-  uint64_t Error = Line.Error;
-  for (int64_t I = 0; I < Line.Count; ++I) {
-    TPixel& Pixel = *reinterpret_cast<TPixel*>(Start + Offset);
+  const ptrdiff_t Both = Major + Minor;
+  const int64_t Limit = static_cast<int64_t>(Line.ErrorLimit);
+  const int64_t Step = static_cast<int64_t>(Line.ErrorStep) - Limit;
+  int64_t Error = static_cast<int64_t>(Line.Error);
+  uint8_t* Address = Target.Row(static_cast<int32_t>(Line.Y)) + Line.X * Size;
+  for (int64_t I = Line.Count;;) {
+    TPixel& Pixel = *reinterpret_cast<TPixel*>(Address);
     if constexpr (Xor) {
       Pixel.Xor(Ink);
     } else {
       Pixel = Ink;
     }
-    Error += Line.ErrorStep;
-    const bool Over = Error >= Line.ErrorLimit;
-    Error -= Over ? Line.ErrorLimit : 0;
-    Offset += Major + (Over ? Minor : 0);
+    // Left before the next address is formed, which may lie outside the bitmap.
+    if (--I <= 0) break;
+    // All ones when the limit is not reached. A mask and no branch, because the steps of a line
+    // cannot be predicted.
+    const int64_t Straight = (Error + Step) >> 63;
+    Error += Step + (Straight & Limit);
+    Address += Both - (Straight & Minor);
   }
 }
 
@@ -271,26 +277,41 @@ TRect BoundsOf(const TBitmap& Target) { return {0, 0, Target.Width(), Target.Hei
 
 TInk InkOf(const TPen& Pen) { return {Pen.Color, Pen.Mode == TPenMode::pmXor}; }
 
+// Kept out of DrawLine, whose common case must stay small.
+[[gnu::noinline]] void DrawCollected(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen,
+                                     TDotPhase& Phase) {
+  if (Pen.Style == TPenStyle::psClear) return;
+  TLineCollector Collector(Pen, BoundsOf(Target), Phase);
+  Collector.Add(From, To);
+  Phase = Collector.Phase();
+  // Wide dots may touch each other, so they are merged before they invert.
+  if (Pen.Mode == TPenMode::pmXor) MergeSpans(Collector.Spans());
+  FillSpans(Target, Collector.Spans(), InkOf(Pen));
+}
+
 }  // namespace
 
 TLineSteps StepsOfLine(TPoint From, TPoint To, const TRect& Clip) noexcept {
   const int64_t DX = static_cast<int64_t>(To.X) - From.X;
   const int64_t DY = static_cast<int64_t>(To.Y) - From.Y;
-  const int64_t LengthX = DX < 0 ? -DX : DX;
-  const int64_t LengthY = DY < 0 ? -DY : DY;
+  const int64_t LengthX = std::abs(DX);
+  const int64_t LengthY = std::abs(DY);
   const int32_t DirectionX = DX < 0 ? -1 : 1;
   const int32_t DirectionY = DY < 0 ? -1 : 1;
   const bool AlongX = LengthX >= LengthY;
 
   TLineSteps Line;
-  Line.Length = AlongX ? LengthX : LengthY;
+  Line.Length = std::max(LengthX, LengthY);
   if (Line.Length == 0) return Line;
   TSlope Slope;
   Slope.Major = static_cast<uint64_t>(Line.Length);
-  Slope.Minor = static_cast<uint64_t>(AlongX ? LengthY : LengthX);
-  Slope.Bias = (AlongX ? DirectionY : DirectionX) > 0 ? 1 : 0;
-  (AlongX ? Line.MajorX : Line.MajorY) = AlongX ? DirectionX : DirectionY;
-  (AlongX ? Line.MinorY : Line.MinorX) = AlongX ? DirectionY : DirectionX;
+  Slope.Minor = static_cast<uint64_t>(std::min(LengthX, LengthY));
+  // Chosen without branches: directions of short lines cannot be predicted.
+  Line.MajorX = AlongX ? DirectionX : 0;
+  Line.MajorY = AlongX ? 0 : DirectionY;
+  Line.MinorX = DirectionX - Line.MajorX;
+  Line.MinorY = DirectionY - Line.MajorY;
+  Slope.Bias = Line.MinorX + Line.MinorY > 0 ? 1 : 0;
   Line.X = From.X;
   Line.Y = From.Y;
   Line.Count = Line.Length;
@@ -302,19 +323,13 @@ TLineSteps StepsOfLine(TPoint From, TPoint To, const TRect& Clip) noexcept {
 }
 
 void DrawLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen, TDotPhase& Phase) {
-  if (Pen.Style == TPenStyle::psClear) return;
-  if (Pen.Style == TPenStyle::psSolid && Pen.Width <= 1) {
-    const TLineSteps Line = StepsOfLine(From, To, BoundsOf(Target));
-    if (Line.Count > 0) DrawThin(Target, Line, InkOf(Pen));
-    Phase += Line.Length;
+  if (Pen.Style != TPenStyle::psSolid || Pen.Width > 1) {
+    DrawCollected(Target, From, To, Pen, Phase);
     return;
   }
-  TLineCollector Collector(Pen, BoundsOf(Target), Phase);
-  Collector.Add(From, To);
-  Phase = Collector.Phase();
-  // Wide dots may touch each other, so they are merged before they invert.
-  if (Pen.Mode == TPenMode::pmXor) MergeSpans(Collector.Spans());
-  FillSpans(Target, Collector.Spans(), InkOf(Pen));
+  const TLineSteps Line = StepsOfLine(From, To, BoundsOf(Target));
+  if (Line.Count > 0) DrawThin(Target, Line, InkOf(Pen));
+  Phase += Line.Length;
 }
 
 void DrawPolyline(TBitmap& Target, std::span<const TPoint> Points, bool Closed, const TPen& Pen) {

@@ -12,13 +12,11 @@ namespace zav {
 
 namespace {
 
-// A rectangle that may reach beyond the range of 32 bits by the width of a pen.
+// A rectangle in 64 bits, so that its sides may be longer than 32 bits tell.
 struct TBox {
   int64_t Left, Top, Right, Bottom;
 
-  TBox Grown(int64_t Before, int64_t After) const {
-    return {Left - Before, Top - Before, Right + After, Bottom + After};
-  }
+  TBox Shrunk(int64_t By) const { return {Left + By, Top + By, Right - By, Bottom - By}; }
   int64_t Width() const { return Right - Left; }
   int64_t Height() const { return Bottom - Top; }
 };
@@ -33,7 +31,7 @@ struct TShapeRow {
   int64_t Left, InnerLeft, InnerRight, Right;
 };
 
-// What the box of a shape becomes under a pen: where the outline ends outside and inside.
+// The outline of a shape lies between two boxes; the inner one may be empty.
 struct TOutline {
   TBox Outer;
   TBox Inner;
@@ -44,9 +42,7 @@ struct TOutline {
 TOutline OutlineOf(const TBox& Box, const TPen& Pen) {
   if (Pen.Style == TPenStyle::psClear) return {Box, Box, true, false};
   const int64_t Width = std::max(Pen.Width, 1);
-  const int64_t Before = (Width - 1) / 2;
-  const TBox Outer = Box.Grown(Before, Width - 1 - Before);
-  return {Outer, Outer.Grown(-Width, -Width), false, Width == 1};
+  return {Box, Box.Shrunk(Width), false, Width == 1};
 }
 
 bool HasRow(const TBox& Box, int64_t Y) {
@@ -196,8 +192,14 @@ void DrawRectangle(TBitmap& Target, const TRect& Box, const TPen& Pen, const TBr
   if (Pen.Style == TPenStyle::psDot) {
     // The fill ends where it does within a solid outline, so that the gaps show what was there.
     PaintRows(Target, {Shape.Inner, Shape.Inner, true, false}, Pen, Brush, RectangleRow);
-    const TPoint First{static_cast<int32_t>(Area.Left), static_cast<int32_t>(Area.Top)};
-    const TPoint Last{static_cast<int32_t>(Area.Right - 1), static_cast<int32_t>(Area.Bottom - 1)};
+    // The brush of the outline reaches the sides of the box and not beyond.
+    const int64_t Width = std::max(Pen.Width, 1);
+    const int64_t Before = (Width - 1) / 2;
+    const int64_t After = Width - Before;
+    const TPoint First{static_cast<int32_t>(Area.Left + Before),
+                       static_cast<int32_t>(Area.Top + Before)};
+    const TPoint Last{static_cast<int32_t>(std::max(Area.Right - After, Area.Left + Before)),
+                      static_cast<int32_t>(std::max(Area.Bottom - After, Area.Top + Before))};
     const std::array<TPoint, 4> Corners{{First, {Last.X, First.Y}, Last, {First.X, Last.Y}}};
     DrawPolyline(Target, Corners, true, Pen);
     return;

@@ -1,14 +1,16 @@
 // shapes.h - rectangles, ellipses and polygons with an outline and a filled inside.
 //
 // Rectangles and ellipses cover X1..X2-1 and Y1..Y2-1, whichever corner is given first; where the
-// two are equal nothing is drawn. The outline of a pen wider than one pixel reaches out of that box
-// by half its width. A polygon is filled by the even-odd rule: what an outward line leaves over an
-// odd number of sides is inside. Pixels whose centre is inside and that are not on the outline are
-// filled, so that fill and outline always meet.
+// two are equal nothing is drawn. The outline of a wide pen grows into the box. A polygon is filled
+// by the even-odd rule: what an outward line leaves over an odd number of sides is inside. Pixels
+// whose centre is inside and that are not on the outline are filled, so that fill and outline
+// always meet.
 //
 // The pen's mode holds for the fill too. Each pixel of a shape is touched once, by the pen or by
 // the brush, so that drawing it again in exclusive-or mode restores what was there. With psClear
-// the fill takes the place of the outline too. SPDX-License-Identifier: MIT
+// the fill takes the place of the outline too.
+//
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_RASTER_SHAPES_H
 #define ZAV_PLATFORM_RASTER_SHAPES_H
 
