@@ -1,7 +1,8 @@
 // failing_file_ops.h - the system's file operations, of which one fails.
 //
 // Use: TFailingFileOps ops; TFileOpsOverride with(ops); then for n = 1, 2, ... set FailAt = n and
-// save, until a save needs fewer than n operations. SPDX-License-Identifier: MIT
+// save, until a save needs fewer than n operations.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_TESTS_SUPPORT_FAILING_FILE_OPS_H
 #define ZAV_TESTS_SUPPORT_FAILING_FILE_OPS_H
 

@@ -1,7 +1,8 @@
 // errors.h - the exceptions of this library.
 //
 // Every error is an EZAVError; each unit derives one class of its own from it. The text says what
-// is wrong in words that can be shown to a person. SPDX-License-Identifier: MIT
+// is wrong in words that can be shown to a person.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_BASE_ERRORS_H
 #define ZAV_PLATFORM_BASE_ERRORS_H
 

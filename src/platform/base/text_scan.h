@@ -2,7 +2,8 @@
 //
 // Pos is the 1-based byte at which reading begins (below 1 counts as 1); it is left on the byte
 // that ended the value, which is the length + 1 at the end of the text. Nothing is thrown: what
-// cannot be read is 0. A blank is character 32. SPDX-License-Identifier: MIT
+// cannot be read is 0. A blank is character 32.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_BASE_TEXT_SCAN_H
 #define ZAV_PLATFORM_BASE_TEXT_SCAN_H
 

@@ -2,7 +2,8 @@
 //
 // A handler may destroy the control it is called for, and with it the event that holds the handler;
 // so a copy is called, and nothing of the control is touched afterwards without asking for its
-// life. SPDX-License-Identifier: MIT
+// life.
+// SPDX-License-Identifier: MIT
 #include <platform/host/control.h>
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // control.h - a control with a canvas and mouse events, and the window that the host gives it.
 //
 // The host's widget translates its own events into calls of TCustomControl; the control draws on
-// its window's canvas, a persistent buffer, and says what is to be shown. SPDX-License-Identifier:
-// MIT
+// its window's canvas, a persistent buffer, and says what is to be shown.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_HOST_CONTROL_H
 #define ZAV_PLATFORM_HOST_CONTROL_H
 
