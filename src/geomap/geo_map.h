@@ -22,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include <geomap/calibration/calib_file.h>
 #include <geomap/calibration/calibration.h>
 #include <geomap/errors.h>
 #include <geomap/landmarks/landmark.h>
@@ -29,6 +30,7 @@
 #include <geomap/view/map_look.h>
 #include <geomap/view/mouse_tools.h>
 #include <geomap/view/mouse_trace.h>
+#include <geomap/view/render_scene.h>
 #include <geomap/view/view_state.h>
 #include <geomap/view/zoom_ring.h>
 #include <platform/host/control.h>
@@ -36,9 +38,6 @@
 
 namespace zav {
 
-class TextFile;
-class TStream;
-class TMemoryStream;
 class TGeoMap;
 
 // Listens to a map without taking the user's event slots. Nothing is owned; an observer must take
@@ -323,27 +322,47 @@ class TGeoMap : public TCustomControl {
 
  private:
   using TNotification = void (TGeoMapObserver::*)(TGeoMap&);
+  using TReadCalibration = std::function<TCalibReadResult(const std::string& ErrorPrefix)>;
 
-  TSize ControlSize() const noexcept { return {Width(), Height()}; }
-  // Each of these is the last thing its caller does, or the caller asks for the control's life
-  // afterwards: a handler may have destroyed it.
+  // A handler or observer may destroy the control in Paint and in each of the following. So they
+  // are the last thing that a caller does, or it asks Life() before it goes on.
   void Notify(TNotification What);
   void ChangeView(const TViewState& View);
   void ChangeViewAndPaint(const TViewState& View);
-  void CalibrationChanged();
-  void ImageChanged();
+  void ReportCalibration();  // to the observers, then paints
+  void ReportImage();        // the view goes to (0, 0), too
   bool MoveViewByUser(const TViewState& View);
-  template <typename T>
-  void Store(T& Member, const T& Value);
-  template <typename T>
-  void StoreIfDifferent(T& Member, const T& Value);
-  template <typename Operation>
-  auto Framed(Operation Call) const;
+  void LoadImage(const std::string& Name, const std::string& BesideFile);
+  TCalibReadResult LoadCalibration(const std::string& FileName, const std::string& Id);
+  TCalibReadResult LoadCalibration(const TReadCalibration& Read, const std::string& BesideFile);
 
-  void AcceptImage(const std::string& Name);
-  void ForgetImage();
+  template <typename T>
+  void Store(T& Member, const T& Value) {
+    Member = Value;
+    Paint();
+  }
+  template <typename T>
+  void StoreIfDifferent(T& Member, const T& Value) {
+    if (Member != Value) Store(Member, Value);
+  }
+  // Calls the operation of a part and puts the control's name before its error.
+  template <typename TOperation>
+  auto Framed(TOperation Operation) const {
+    try {
+      return Operation();
+    } catch (const EZAVGeoMapError& Error) {
+      throw EZAVGeoMapError(ComponentMessage(Error.what()));
+    }
+  }
+
+  TSize ControlSize() const noexcept { return {Width(), Height()}; }
   TMouseContext MouseContext() const;
-  void TraceMove(TShiftState Shift, int32_t& X, int32_t& Y);
+  TRenderScene Scene();
+  TSize Render();
+  void AcceptImage(const std::string& Name);
+  void ForgetImage() noexcept;
+  void SizePictureToMap();
+  void TraceMouse(TPoint Control);
 
   TCalibration FCalibration;
   std::string FCalDatName;

@@ -3,6 +3,7 @@
 #ifndef ZAV_GEOMAP_GEOMAP_H
 #define ZAV_GEOMAP_GEOMAP_H
 
+#include <geomap/calibration/calib_file.h>
 #include <geomap/calibration/calibration.h>
 #include <geomap/errors.h>
 #include <geomap/geo_map.h>

@@ -4,6 +4,7 @@
 #define ZAV_GEOMAP_VIEW_MAP_IMAGE_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include <geomap/errors.h>
@@ -19,7 +20,12 @@ inline constexpr const char* UnknownMapImgName = "$unknown$";
 // No map image may have more pixels than this.
 constexpr int32_t MaxMapPixels = 3000000;
 
-// The whole map, scaled once for a magnification below CacheMagLimit; panning then only copies.
+// Reads a ".jpg", ".jpeg" or ".bmp" file; nothing for another extension. Throws EZAVGeoMapError
+// with the bare reason for more than MaxDecodablePixels, before anything is decoded; the decoder's
+// errors pass.
+std::optional<TBitmap> ReadMapBitmap(const std::string& Path, const TImageProgress& Progress);
+
+// The whole map, scaled once for a magnification below a limit; panning then only copies.
 struct TScaledMapCache {
   TBitmap Bitmap{TPixelFormat::pf15bit};
   double Magnification = 0;  // 0: no valid cache
@@ -35,27 +41,23 @@ class TMapImage {
   int32_t Width() const noexcept { return FWidth; }
   int32_t Height() const noexcept { return FHeight; }
   TSize Size() const noexcept { return {FWidth, FHeight}; }
+  // Whether there is no map; one whose file could not be read as an image counts.
   bool Empty() const noexcept { return FName.empty(); }
 
-  // Reads the file into the bitmap; the cache becomes invalid, name and size stay. Only ".jpg",
-  // ".jpeg" and ".bmp" are read, another extension leaves the bitmap as it is. Throws
-  // EZAVGeoMapError with the bare reason when there are more than MaxMapPixels: the bitmap then
-  // holds the pixels already, unless there are more than MaxDecodablePixels. The decoder's errors
-  // pass.
-  void Load(const std::string& Path, const TImageProgress& Progress);
-  // Takes a copy in the same way, with the same limit.
-  void SetBitmap(const TBitmap& Bitmap);
-  // Gives the bitmap its name; its size becomes the one that counts.
+  // Takes the bitmap; the cache becomes invalid, name and size stay until Accept.
+  void SetBitmap(TBitmap Bitmap);
+  // Gives the bitmap its name; its size becomes the one that counts. Throws EZAVGeoMapError with
+  // the bare reason, and changes nothing, when it has more than MaxMapPixels.
   void Accept(const std::string& Name);
   // No map: no name, size 0. The bitmap stays.
   void Forget() noexcept;
-  // Scales the bitmap; width and height become Factor times as large, rounded. Throws as above when
-  // the result would have more than MaxDecodablePixels; nothing has changed then.
+  // Scales the bitmap by a factor above 0; its sides are rounded. Throws as Accept for a result of
+  // more than MaxDecodablePixels.
   void Resize(double Factor, TStretchMode Mode);
 
-  // Makes the cache for the magnification if it is below Limit and not there yet.
+  // Makes the cache for the magnification if it is below Limit and the cache is not there yet.
   void UpdateCache(double Magnification, double Scale, bool AntiAlias, double Limit);
-  // Whether the cache has this magnification, however old it is.
+  // Whether the cache has this magnification, however it was made.
   bool CacheHolds(double Magnification, double Scale) const noexcept;
   void InvalidateCache() noexcept { FCache.Magnification = 0; }
   const TScaledMapCache& Cache() const noexcept { return FCache; }

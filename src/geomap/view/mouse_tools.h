@@ -46,7 +46,9 @@ class TMouseTools {
   std::optional<TViewState> Move(const TMouseContext& Context, TShiftState Shift,
                                  TPoint Control) noexcept;
   // Whether the release ends a step of the zoom history.
-  bool Release(const TMouseContext& Context) noexcept;
+  bool Release(const TMouseContext& Context) const noexcept;
+  // A drag under way begins anew with the next move, because something else has moved the view.
+  void RestartDrag() noexcept { FDragging = false; }
 
   friend bool operator==(const TMouseTools&, const TMouseTools&) = default;
 

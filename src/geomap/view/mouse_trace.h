@@ -35,6 +35,7 @@ class TMouseTrace {
     return FPoints[static_cast<size_t>(Index) - 1];
   }
   // False, and nothing added, when it is full.
+  bool Add(const TMouseTracePoint& Point);
   bool Add(TPoint Map, TColor Color, bool Invert);
   // The next point begins a new stroke.
   void EndStroke() noexcept;

@@ -55,15 +55,19 @@ class TZoomGesture {
 
  private:
   double MagnificationAt(int Step) const noexcept;
+  void Begin(const TViewState& View) noexcept;
+  void Hold(TPoint Center) noexcept;
 
+  bool FActive = false;
   TViewState FStart;  // magnifications are counted from here
   TViewState FLast;   // what Zoom returned last
   int FStep = 0;      // steps from FStart to FLast
-  bool FActive = false;
+  double FLeft = 0;   // the corner of FLast before it was rounded
+  double FTop = 0;
   TPoint FCenter;    // the control pixel
   double FMapX = 0;  // the map position that stays under it
   double FMapY = 0;
-  bool FFromStart = true;  // FMapX, FMapY were taken from FStart: its corner can be returned
+  bool FOnePoint = false;  // it has been the same since FStart
 };
 
 }  // namespace zav

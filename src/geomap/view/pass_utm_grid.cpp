@@ -1,0 +1,101 @@
+// pass_utm_grid.cpp - lines of equal northing and easting.
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <cmath>
+
+#include <geobasics/utm.h>
+#include <geomap/view/line_series.h>
+#include <geomap/view/passes.h>
+#include <platform/base/line2d.h>
+#include <platform/base/round125.h>
+#include <platform/base/rounding.h>
+
+namespace zav {
+namespace {
+
+constexpr int32_t MorePointsThan = 2;
+
+struct TUTMPosition {
+  double Northing = 0;
+  double Easting = 0;
+};
+
+TUTMPosition UTMOf(const TCoords& Position, TGeoEllipsoid Ellipsoid) {
+  TUTMPosition UTM;
+  int Zone = 0;
+  LatLongToUTM(Position.Latit, Position.Longit, Ellipsoid, Zone, UTM.Easting, UTM.Northing);
+  return UTM;
+}
+
+// Lines a metre, at most 1. Without a distance a round number that gives about ten lines.
+double LinesPerMetre(int32_t UTMGridDist, double Span) {
+  if (UTMGridDist >= 1) return 1.0 / UTMGridDist;
+  const double Factor = 1 / Round125(std::fabs(Span) / 10);
+  return Factor > 1 ? 1 : Factor;
+}
+
+// Ends of a grid line, in device pixels, where it crosses the image's opposite edges.
+using TLineEnds = std::array<TPoint, 2>;
+
+// The line is drawn as far as it lies in the area of the whole scaled map at the control's top
+// left, not in the view.
+void DrawClipped(const TRenderScene& Scene, const TLineEnds& Ends, TCanvas& Device) {
+  const double Factor = Scene.View.Magnification * Scene.Scale;
+  TSLine Line;
+  Line.LineFrom2Points(Ends[0].X, Ends[0].Y, Ends[1].X, Ends[1].Y);
+  double X1 = 0;
+  double Y1 = 0;
+  double X2 = 0;
+  double Y2 = 0;
+  if (!Line.ClipBox(0, 0, Scene.Map.Width * Factor, Scene.Map.Height * Factor, X1, Y1, X2, Y2)) {
+    return;
+  }
+  Device.MoveTo(RoundHalfEven(X1), RoundHalfEven(Y1));
+  Device.LineTo(RoundHalfEven(X2), RoundHalfEven(Y2));
+}
+
+template <typename TEndsOf>
+void DrawFamily(const TRenderScene& Scene, const TLineSeries& Series, TEndsOf EndsOf,
+                TCanvas& Device) {
+  const auto At = [&](double Index) -> TLineEnds { return EndsOf(Series.Value(Index)); };
+  const auto Apart = [&](double A, double B) {
+    const TLineEnds EndsA = At(A);
+    const TLineEnds EndsB = At(B);
+    return APixelApart(EndsA[0], EndsB[0]) || APixelApart(EndsA[1], EndsB[1]);
+  };
+  ForEachLine(Series, Apart, [&](double Index) { DrawClipped(Scene, At(Index), Device); });
+}
+
+}  // namespace
+
+void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device) {
+  const TCalibration& Calibration = Scene.Calibration;
+  const TCalibData& Data = Calibration.Data();
+  if (!ShowsUTMGrid(Scene.Look.ShowGraticule)) return;
+  if (Calibration.Model() != TCalibModel::cmUTM || Data.NumCalQuads <= MorePointsThan) return;
+
+  Device.Pen = {Scene.Look.ColorGraticule, TPenStyle::psSolid, TPenMode::pmCopy, Scene.PenWidth()};
+  const TUTMPosition TopLeft = UTMOf(Data.Corners[gcoTopLeft], Data.Ellipsoid);
+  const TUTMPosition BottomLeft = UTMOf(Data.Corners[gcoBottomLeft], Data.Ellipsoid);
+  const TUTMPosition BottomRight = UTMOf(Data.Corners[gcoBottomRight], Data.Ellipsoid);
+  const double Factor =
+      LinesPerMetre(Scene.Look.UTMGridDist, TopLeft.Northing - BottomLeft.Northing);
+  const int32_t Width = Scene.Map.Width;
+  const int32_t Height = Scene.Map.Height;
+  DrawFamily(
+      Scene, MakeLineSeries(BottomLeft.Northing, TopLeft.Northing + 1 / Factor, Factor),
+      [&](double Northing) -> TLineEnds {
+        return {Scene.ToDevice(0, Calibration.CalcUTMyFromNorthingX(Northing, 0)),
+                Scene.ToDevice(Width, Calibration.CalcUTMyFromNorthingX(Northing, Width))};
+      },
+      Device);
+  DrawFamily(
+      Scene, MakeLineSeries(BottomLeft.Easting, BottomRight.Easting, Factor),
+      [&](double Easting) -> TLineEnds {
+        return {Scene.ToDevice(Calibration.CalcUTMxFromEastingY(Easting, 0), 0),
+                Scene.ToDevice(Calibration.CalcUTMxFromEastingY(Easting, Height), Height)};
+      },
+      Device);
+}
+
+}  // namespace zav

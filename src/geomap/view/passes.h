@@ -1,0 +1,59 @@
+// passes.h - the layers of a picture, each a function from a scene to calls of a canvas.
+//
+// The canvas counts device pixels. A pass sets all of pen and brush that it uses and leaves them;
+// it draws nothing when the scene does not ask for its layer. SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_VIEW_PASSES_H
+#define ZAV_GEOMAP_VIEW_PASSES_H
+
+#include <vector>
+
+#include <geomap/view/map_image.h>
+#include <geomap/view/mouse_trace.h>
+#include <geomap/view/render_scene.h>
+#include <platform/host/canvas.h>
+
+namespace zav {
+
+// The map image, from the scaled cache where that holds the magnification, and the background where
+// the image does not reach.
+void DrawImage(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device);
+
+// Parallels and meridians of the models that are fitted to control points.
+void DrawGraticule(const TRenderScene& Scene, TCanvas& Device);
+
+// cmParabolicIp: the calibration's own lines as parabolas, and the points digitised on them.
+void DrawCalibLines(const TRenderScene& Scene, TCanvas& Device);
+
+// The grid of northings and eastings, cmUTM.
+void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device);
+
+// The control points, all models but cmParabolicIp.
+void DrawMarkers(const TRenderScene& Scene, TCanvas& Device);
+// One marker about the map pixel.
+void DrawMarker(const TRenderScene& Scene, TPoint Map, TCanvas& Device);
+
+// The trace on a canvas whose pixel Origin is the control's top left; pen and brush are as before
+// afterwards.
+void DrawTrace(const TMouseTrace& Trace, const TViewState& View, double Scale, TPoint Origin,
+               TCanvas& Device);
+
+using TPolyline = std::vector<TPoint>;
+
+// Appends a point unless it is the last one again: no line, and no time spent on it.
+inline void AddPoint(TPolyline& Line, TPoint P) {
+  if (Line.empty() || Line.back() != P) Line.push_back(P);
+}
+
+inline bool ShowsPoints(TShowGrat Show) noexcept {
+  return Show == TShowGrat::sgPoints || Show == TShowGrat::sgPointsAndLines;
+}
+inline bool ShowsLines(TShowGrat Show) noexcept {
+  return Show == TShowGrat::sgLines || Show == TShowGrat::sgPointsAndLines;
+}
+inline bool ShowsUTMGrid(TShowGrat Show) noexcept {
+  return Show == TShowGrat::sgUTMGrid || Show == TShowGrat::sgPointsAndUTMGrid;
+}
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,39 @@
+// render_scene.h - everything a picture of a map is made from, taken at one moment.
+//
+// A copy of the control's state: a handler that is called while the picture is drawn may change the
+// control, or destroy it, without the picture falling apart.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_VIEW_RENDER_SCENE_H
+#define ZAV_GEOMAP_VIEW_RENDER_SCENE_H
+
+#include <geomap/calibration/calibration.h>
+#include <geomap/view/map_look.h>
+#include <geomap/view/mouse_trace.h>
+#include <geomap/view/view_state.h>
+#include <platform/base/geometry.h>
+
+namespace zav {
+
+struct TRenderScene {
+  TSize Control;     // control pixels
+  double Scale = 1;  // device pixels per control pixel, above 0
+  TViewState View;
+  TMapLook Look;
+  bool ShowMap = false;  // false: only background and message
+  bool Visible = true;   // false: neither map nor message
+  TSize Map;             // the image's size
+  TCalibration Calibration;
+  TMouseTrace Trace;
+
+  // The size of the picture in device pixels; a part of a pixel counts.
+  TSize DeviceSize() const noexcept;
+  TPoint ToDevice(double MapX, double MapY) const noexcept {
+    return MapImageToDevice(View, Scale, MapX, MapY);
+  }
+  // The device pixels of a length in control pixels, at least 1.
+  int32_t PenWidth() const noexcept;
+};
+
+}  // namespace zav
+
+#endif
