@@ -4,16 +4,28 @@
 
 #include <jerror.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace zav {
 
 namespace {
 
-// Warnings after which pixels are missing or wrong. The others are harmless: padding between the
-// segments, unknown versions and transforms, unused fields with odd values.
-bool IsDamage(int Code) noexcept {
-  switch (Code) {
+// Bytes between the pixels and the next mark that the pixels did not need. A few, and any number of
+// the same value, are the padding of some cameras; others are pixels that a damaged place threw out
+// of step, often without another sign.
+bool IsLeftOver(j_decompress_ptr Info, int Count) noexcept {
+  constexpr int Tolerated = 16;
+  if (Info->input_scan_number == 0 || Count <= Tolerated) return false;
+  const uint8_t* End = Info->src->next_input_byte;
+  return !std::all_of(End - Count, End, [&](uint8_t Value) { return Value == End[-Count]; });
+}
+
+// Whether pixels are missing or wrong after this warning. The others are harmless: unknown versions
+// and transforms, unused fields with odd values.
+bool IsDamage(j_common_ptr Info) noexcept {
+  switch (Info->err->msg_code) {
     case JWRN_ARITH_BAD_CODE:
     case JWRN_BOGUS_PROGRESSION:
     case JWRN_HIT_MARKER:
@@ -21,6 +33,8 @@ bool IsDamage(int Code) noexcept {
     case JWRN_JPEG_EOF:
     case JWRN_MUST_RESYNC:
       return true;
+    case JWRN_EXTRANEOUS_DATA:
+      return IsLeftOver(reinterpret_cast<j_decompress_ptr>(Info), Info->err->msg_parm.i[0]);
     default:
       return false;
   }
@@ -46,7 +60,7 @@ void TJpegEscape::OnError(j_common_ptr Info) {
 }
 
 void TJpegEscape::OnMessage(j_common_ptr Info, int Level) {
-  if (Level < 0 && IsDamage(Info->err->msg_code)) OnError(Info);
+  if (Level < 0 && IsDamage(Info)) OnError(Info);
 }
 
 void TJpegEscape::Report(int64_t Percent) {

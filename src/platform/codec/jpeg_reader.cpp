@@ -55,6 +55,7 @@ class TJpegReader {
     FMonitor.Reader = this;
     FInfo.progress = &FMonitor;
     FEscape.Run([this, &Bitmap] {
+      FEscape.Report(0);
       FInfo.out_color_space = JCS_EXT_BGRA;
       jpeg_start_decompress(&FInfo);
       CheckComponents();
