@@ -63,7 +63,9 @@ bool GeoMapWidget::Guarded(const std::function<void()>& Call) {
   const QPointer<GeoMapWidget> Self(this);
   QString Reason;
   try {
-    Call();
+    // Qt tells of a new size only when the widget is shown; operations count with it before.
+    if (testAttribute(Qt::WA_PendingResizeEvent)) FMap->SetSize(width(), height());
+    if (Self) Call();
     return !Self.isNull();
   } catch (const std::exception& Error) {
     Reason = ToQString(Error.what());
