@@ -14,13 +14,13 @@ namespace {
 using enum TGeoEllipsoid;
 
 struct TRow {
-  TGeoEllipsoid Ellipsoid;
   const char* Id;
   int Epsg;  // code of the same ellipsoid in the EPSG data set, 0 = not in it
+  TGeoEllipsoid Ellipsoid;
 };
 
 #define ROW(Enumerator, Epsg) \
-  { Enumerator, #Enumerator, Epsg }
+  { #Enumerator, Epsg, Enumerator }
 // clang-format off
 const TRow Rows[] = {
     ROW(gelWGS84, 7030),

@@ -1,0 +1,44 @@
+// program.h - the subcommands of the command line.
+//
+// Each function adds one family of subcommands to the program; a subcommand's callback sets Run,
+// which is called once all arguments are known and returns the exit status.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_APPS_ZAVGEO_PROGRAM_H
+#define ZAV_APPS_ZAVGEO_PROGRAM_H
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <string>
+
+#include <geobasics/ellipsoids.h>
+#include <platform/base/errors.h>
+
+#include "table.h"
+
+namespace zav {
+
+struct TProgram {
+  CLI::App App;
+  std::function<int()> Run;
+};
+
+// A wrong value of an option: exit status 2, where errors of the input are 1.
+class EUsageError : public EZAVError {
+ public:
+  using EZAVError::EZAVError;
+};
+
+void AddGridCommands(TProgram& Program);      // utm, ups
+void AddEllipsoidCommand(TProgram& Program);  // ellipsoids
+void AddCalibrateCommand(TProgram& Program);  // calibrate
+void AddMapCommands(TProgram& Program);       // map info, map to-pixel, map to-geo, map render
+void AddRenderCommand(TProgram& Program, CLI::App& Map);
+
+// The ellipsoid of an identifier, in any case. Throws EUsageError for an unknown one.
+TGeoEllipsoid EllipsoidOfOption(const std::string& Id);
+// The options FILE and --strict of commands that convert tables.
+void AddTableOptions(CLI::App& Command, TTableOptions& Options);
+
+}  // namespace zav
+
+#endif

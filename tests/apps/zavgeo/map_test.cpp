@@ -1,0 +1,97 @@
+// map_test.cpp - zavgeo map on the sample maps: conversions, pictures, other locales.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "run_program.h"
+
+namespace zav {
+namespace {
+
+TEST(CliMap, PixelsAndPositionsAreTheReverseOfEachOther) {
+  const struct {
+    const char* Map;
+    const char* Pixels;
+    double Tolerance;  // the two directions of a polynomial are fitted apart
+  } Cases[] = {
+      {"alps_utm32n", "100,100\n1500,200.5\n800,1400\n", 0.01},
+      {"europe_conic", "300,900\n1000,700\n1700,1200\n", 1e-6},
+      {"world_miller", "10,200\n800,500\n1500,900\n", 1e-6},
+      {"iberia_bonne", "300,300\n900,800\n", 2},
+      {"australia_laea", "400,400\n700,700\n", 0.1},
+  };
+  for (const auto& Case : Cases) {
+    SCOPED_TRACE(Case.Map);
+    const std::string Map = Sample(std::string(Case.Map) + ".xml");
+    const TRun Geo = RunProgram("map to-geo " + Map, Case.Pixels);
+    ASSERT_EQ(Geo.Status, 0) << Geo.Err;
+    const TRun Exact = RunProgram("map to-pixel --exact " + Map, Geo.Out);
+    const TRun Whole = RunProgram("map to-pixel " + Map, Geo.Out);
+    const auto Rows = DataRows(Exact.Out);
+    const auto WholeRows = DataRows(Whole.Out);
+    const auto Given = DataRows(std::string("x,y\n") + Case.Pixels);
+    ASSERT_EQ(Rows.size(), Given.size());
+    ASSERT_EQ(WholeRows.size(), Given.size());
+    for (size_t i = 0; i < Rows.size(); ++i) {
+      EXPECT_EQ(Rows[i][2], "true");
+      for (size_t k = 0; k < 2; ++k) {
+        EXPECT_NEAR(ToNumber(Rows[i][k]), ToNumber(Given[i][k]), Case.Tolerance);
+        EXPECT_NEAR(ToNumber(WholeRows[i][k]), ToNumber(Rows[i][k]), 1);
+        EXPECT_EQ(WholeRows[i][k].find('.'), std::string::npos);
+      }
+    }
+  }
+}
+
+TEST(CliMap, WhatCannotBeConverted) {
+  const TTempFolder Folder;
+  // Two parallels of three points and one meridian: no model, no complete graticule.
+  WriteWholeFile(Folder / "incomplete.xml",
+                 "<geomap sig=\"Tarvoline\" vers=\"1.0\" id=\"\" model=\"undefined\" map=\"\" "
+                 "caption=\"\">\r\n</geomap>\r\n");
+  WriteWholeFile(Folder / "damaged.xml",
+                 "<geomap sig=\"Tarvoline\" vers=\"1.0\" id=\"\" model=\"utm\" map=\"\" "
+                 "caption=\"\">\r\n<calquads npoints=\"3\">\r\n[1,2,3,4]\r\n</calquads>\r\n");
+  WriteWholeFile(Folder / "other.xml", "<html></html>\n");
+  for (const auto& [Name, Message] : {std::pair{"incomplete.xml", "not complete"},
+                                      {"damaged.xml", "number of calibration points"},
+                                      {"other.xml", "holds no calibration"}}) {
+    const TRun Run = RunProgram("map to-pixel " + (Folder / Name), "1,1\n");
+    EXPECT_EQ(Run.Status, 1);
+    EXPECT_NE(Run.Err.find(Message), std::string::npos) << Run.Err;
+    EXPECT_NE(Run.Err.find(Name), std::string::npos) << Run.Err;
+    EXPECT_EQ(Run.Out, "");
+  }
+  // Far from a parabolic graticule there is no pixel; the row says so and is no error.
+  const TRun Far =
+      RunProgram("map to-pixel " + Sample("australia_laea.xml"), "-26,135\n-80,-170\n");
+  EXPECT_EQ(Far.Status, 0);
+  EXPECT_NE(Far.Out.find(",true\n,,false\n"), std::string::npos) << Far.Out;
+}
+
+TEST(CliMap, LocalesChangeNothing) {
+  const TTempFolder Folder;
+  const std::string Xml = Folder / "map.xml";
+  const std::string Calibrate = "calibrate --model utm --points " +
+                                Sample("alps_utm32n.points.csv") + " --image " +
+                                Sample("alps_utm32n.jpg") + " -o " + Xml;
+  const std::string Png = Folder / "map.png";
+  const std::string Render = "map render --size 300x200 --center 46.5,8.25 --graticule lines " +
+                             Sample("alps_utm32n.xml") + " -o " + Png;
+  std::string First;
+  for (const char* Locale : {"LC_ALL=C", "LC_ALL=de_DE.UTF-8", "LC_ALL=tr_TR.UTF-8"}) {
+    std::string All = RunProgram("utm", "LAT,LONG\n48.2,16.37\n", Locale).Out;
+    All += RunProgram("map to-pixel --exact " + Sample("iberia_bonne.xml"), "40.5,-4.25\n", Locale)
+               .Out;
+    All += RunProgram("map info " + Sample("gotthard_utm32n.xml"), {}, Locale).Out;
+    All += RunProgram(Calibrate, {}, Locale).Out;
+    All += ReadWholeTextFile(Xml);
+    EXPECT_EQ(RunProgram(Render, {}, Locale).Status, 0);
+    All += ReadWholeTextFile(Png);
+    if (First.empty()) First = All;
+    EXPECT_GT(All.size(), 3000U);
+    EXPECT_TRUE(All == First) << Locale;
+  }
+}
+
+}  // namespace
+}  // namespace zav
