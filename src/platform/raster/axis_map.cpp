@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <platform/base/rounding.h>
+
 namespace zav {
 
 namespace {
@@ -80,7 +82,7 @@ void TTaps::AddInterpolation(const TAxisMap& Map, int32_t I) {
   // Between the centres of two source pixels; beyond the outermost centres those pixels go on.
   const double Position = std::clamp<double>(Map.Middle(I) - 0.5, 0, Last);
   const int32_t Source = std::min(static_cast<int32_t>(Position), std::max(Last - 1, 0));
-  const uint32_t Right = static_cast<uint32_t>((Position - Source) * WeightOne + 0.5);
+  const int32_t Right = RoundHalfEven((Position - Source) * WeightOne);
   FRuns.push_back({Source, Last > 0 ? 2 : 1, FWeights.size(), WeightOne});
   FWeights.push_back(static_cast<uint16_t>(WeightOne - Right));
   if (Last > 0) FWeights.push_back(static_cast<uint16_t>(Right));
@@ -95,10 +97,10 @@ void TTaps::AddNarrowAverage(const TAxisMap& Map, int32_t I) {
   // The rounded share of the area up to each pixel's end, less that up to its start, so that the
   // weights have the exact sum.
   const double PerPixel = WeightOne / (End - Begin);
-  uint32_t Before = 0;
+  int32_t Before = 0;
   for (int32_t J = 1; J <= Count; ++J) {
     const double Covered = J == Count ? End : static_cast<double>(Source + J);
-    const uint32_t UpTo = static_cast<uint32_t>((Covered - Begin) * PerPixel + 0.5);
+    const int32_t UpTo = RoundHalfEven((Covered - Begin) * PerPixel);
     FWeights.push_back(static_cast<uint16_t>(UpTo - Before));
     Before = UpTo;
   }
@@ -113,8 +115,8 @@ void TTaps::AddWideAverage(const TAxisMap& Map, int32_t I) {
   for (int32_t J = 0; J < Count; ++J) {
     const double Covered =
         std::min<double>(Source + J + 1, End) - std::max<double>(Source + J, Begin);
-    const uint32_t Weight = static_cast<uint32_t>(Covered * WidePixel + 0.5);
-    FWeights.push_back(static_cast<uint16_t>(Weight));
+    const uint16_t Weight = static_cast<uint16_t>(RoundHalfEven(Covered * WidePixel));
+    FWeights.push_back(Weight);
     Run.Total += Weight;
   }
   FRuns.push_back(Run);

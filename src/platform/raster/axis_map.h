@@ -67,8 +67,8 @@ class TTaps {
   // Else a whole source pixel has the weight WidePixel. Depends on the scale only.
   bool Narrow() const noexcept { return FNarrow; }
   static constexpr int32_t MostNarrow = 16;
-  static constexpr uint32_t WeightOne = 65535;
-  static constexpr uint32_t WidePixel = 256;
+  static constexpr int32_t WeightOne = 65535;
+  static constexpr int32_t WidePixel = 256;
 
   int32_t FirstSource() const noexcept { return FFirstSource; }
   int32_t SourceCount() const noexcept { return FSourceCount; }

@@ -15,6 +15,7 @@ namespace {
 
 // Black is all zero but for the fourth byte of 32 bits.
 void FillBlack(TPixelFormat Format, uint8_t* Row, int32_t Count) {
+  if (Count <= 0) return;
   const size_t Pixels = static_cast<size_t>(Count);
   if (Format == TPixelFormat::pf32bit) {
     std::fill_n(reinterpret_cast<TPixel32*>(Row), Pixels, TPixel32::Of(clBlack));

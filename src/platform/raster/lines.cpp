@@ -138,7 +138,7 @@ void DrawThin(TBitmap& Target, const TLineSteps& Line, const TInk& Ink) noexcept
   });
 }
 
-bool DotIsOn(TDotPhase Phase, int32_t Width) {
+bool DotIsOn(int64_t Phase, int32_t Width) {
   const int64_t Unit = DotLength * Width;
   return Phase % (2 * Unit) < Unit;
 }
@@ -210,7 +210,7 @@ TRect Grown(const TRect& Area, int32_t By) {
 // Collects the pixels of lines one after the other; not merged.
 class TLineCollector {
  public:
-  TLineCollector(const TPen& Pen, const TRect& Clip, TDotPhase Phase)
+  TLineCollector(const TPen& Pen, const TRect& Clip, int64_t Phase)
       : FPen(Pen), FWidth(WidthOf(Pen)), FClip(Clip), FTrail(FWidth), FPhase(Phase) {}
 
   void Add(TPoint From, TPoint To) {
@@ -237,7 +237,7 @@ class TLineCollector {
   }
 
   TSpans& Spans() { return FSpans; }
-  TDotPhase Phase() const { return FPhase; }
+  int64_t Phase() const { return FPhase; }
 
  private:
   void StartTrail(int64_t Y1, int64_t Y2) {
@@ -258,7 +258,7 @@ class TLineCollector {
   int32_t FWidth;
   TRect FClip;
   TBrushTrail FTrail;
-  TDotPhase FPhase;
+  int64_t FPhase;
   TSpans FSpans;
 };
 
@@ -279,7 +279,7 @@ TInk InkOf(const TPen& Pen) { return {Pen.Color, Pen.Mode == TPenMode::pmXor}; }
 
 // Kept out of DrawLine, whose common case must stay small.
 [[gnu::noinline]] void DrawCollected(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen,
-                                     TDotPhase& Phase) {
+                                     int64_t& Phase) {
   if (Pen.Style == TPenStyle::psClear) return;
   TLineCollector Collector(Pen, BoundsOf(Target), Phase);
   Collector.Add(From, To);
@@ -322,7 +322,7 @@ TLineSteps StepsOfLine(TPoint From, TPoint To, const TRect& Clip) noexcept {
   return Line;
 }
 
-void DrawLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen, TDotPhase& Phase) {
+void DrawLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen, int64_t& Phase) {
   if (Pen.Style != TPenStyle::psSolid || Pen.Width > 1) {
     DrawCollected(Target, From, To, Pen, Phase);
     return;
@@ -336,7 +336,7 @@ void DrawPolyline(TBitmap& Target, std::span<const TPoint> Points, bool Closed, 
   const bool Simple = Pen.Style == TPenStyle::psSolid && Pen.Width <= 1 &&
                       Pen.Mode == TPenMode::pmCopy && !(Closed && AllCoincide(Points));
   if (Simple) {
-    TDotPhase Phase = 0;
+    int64_t Phase = 0;
     ForEachLine(Points, Closed,
                 [&](TPoint From, TPoint To) { DrawLine(Target, From, To, Pen, Phase); });
   } else {

@@ -41,11 +41,9 @@ struct TLineSteps {
 
 TLineSteps StepsOfLine(TPoint From, TPoint To, const TRect& Clip) noexcept;
 
-// The pixel at which a dotted pen's pattern stands, 0 at its start.
-using TDotPhase = int64_t;
-
-// Draws one line. A dotted pattern continues from Phase, which is moved on by the line's length.
-void DrawLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen, TDotPhase& Phase);
+// Draws one line. The pattern of a dotted pen continues from Phase, a number of pixels, which is
+// moved on by the line's length.
+void DrawLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen, int64_t& Phase);
 
 // Draws lines through the points, and back to the first when Closed. The pattern of a dotted pen
 // runs on over the corners. In exclusive-or mode each pixel is changed once, however often the line

@@ -2,6 +2,7 @@
 #include "platform/raster/raster_canvas.h"
 
 #include "platform/raster/copy.h"
+#include "platform/raster/lines.h"
 #include "platform/raster/shapes.h"
 #include "platform/raster/spans.h"
 #include "platform/raster/stretch.h"

@@ -9,7 +9,6 @@
 
 #include <platform/host/canvas.h>
 #include <platform/raster/bitmap.h>
-#include <platform/raster/lines.h>
 
 namespace zav {
 
@@ -40,7 +39,7 @@ class TRasterCanvas final : public TCanvas {
   TBitmap& FTarget;
   TFontEngine* FFonts;
   TPoint FPosition;
-  TDotPhase FDotPhase = 0;
+  int64_t FDotPhase = 0;  // where a dotted pen's pattern stands
 };
 
 }  // namespace zav

@@ -48,7 +48,9 @@ void AddSpan(TSpans& Spans, const TRect& Clip, int64_t Y, int64_t Left, int64_t 
 
 void MergeSpans(TSpans& Spans) {
   if (Spans.empty()) return;
-  std::sort(Spans.begin(), Spans.end());
+  std::sort(Spans.begin(), Spans.end(), [](const TSpan& A, const TSpan& B) {
+    return A.Y != B.Y ? A.Y < B.Y : A.Left < B.Left;
+  });
   size_t Kept = 0;
   for (size_t I = 1; I < Spans.size(); ++I) {
     TSpan& Last = Spans[Kept];

@@ -25,7 +25,7 @@ struct TSpan {
   int32_t Y = 0;
   int32_t Left = 0;
   int32_t Right = 0;
-  friend auto operator<=>(const TSpan&, const TSpan&) = default;
+  friend bool operator==(const TSpan&, const TSpan&) = default;
 };
 
 using TSpans = std::vector<TSpan>;

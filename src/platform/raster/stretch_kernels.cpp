@@ -69,7 +69,7 @@ void SumRows(uint16_t* Sum, const uint8_t* const* Rows, const uint16_t* Weights,
 
 ZAV_SIMD_CLONES void AddRow(uint64_t* __restrict Sum, const uint8_t* __restrict Row,
                             uint32_t Weight, size_t Channels) {
-  for (size_t I = 0; I < Channels; ++I) Sum[I] += static_cast<uint32_t>(Row[I]) * Weight;
+  for (size_t I = 0; I < Channels; ++I) Sum[I] += uint64_t{Row[I]} * Weight;
 }
 
 void DivideSums(uint16_t* Dest, const uint64_t* Sum, uint64_t Total, size_t Channels) {
@@ -117,7 +117,7 @@ TRowResampler::TRowResampler(const TTaps& Taps) : FTaps(Taps) {
   if (!Taps.Narrow()) return;
   int32_t Most = 1;
   for (const TTaps::TRun& Run : Taps.Runs()) Most = std::max(Most, Run.Count);
-  FPairs = static_cast<size_t>(Most + 1) / 2;
+  FPairs = (static_cast<size_t>(Most) + 1) / 2;
   FSources.reserve(Count());
   FWeights.resize(Count() * FPairs);
   size_t Next = 0;
@@ -186,7 +186,7 @@ void TRowResampler::ResampleWide(uint16_t* Dest, const uint16_t* Source) const {
     uint64_t Sum[4] = {};
     for (size_t J = 0; J < static_cast<size_t>(Run.Count); ++J) {
       for (size_t C = 0; C < 4; ++C) {
-        Sum[C] += static_cast<uint32_t>(Pixels[J * 4 + C]) * Weights[J];
+        Sum[C] += uint64_t{Pixels[J * 4 + C]} * Weights[J];
       }
     }
     for (size_t C = 0; C < 4; ++C) Dest[C] = static_cast<uint16_t>(Sum[C] / Run.Total);

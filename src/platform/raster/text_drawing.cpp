@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <numbers>
 
+#include <platform/base/rounding.h>
+
 #include "platform/raster/pixel.h"
 #include "platform/raster/spans.h"
 
@@ -97,7 +99,10 @@ void DrawTextMask(TBitmap& Target, TPoint At, const TTextMask& Mask, TColor Colo
 void FillTurnedBox(TBitmap& Target, TPoint At, TSize Size, int32_t Direction,
                    TColor Color) noexcept {
   const auto [Sine, Cosine] = SineCosine(Direction);
-  for (int32_t Y = 0; Y < Target.Height(); ++Y) {
+  const double Reach = std::hypot(Size.Width, Size.Height) + 1;
+  const int32_t Top = RoundHalfEven(std::max(At.Y - Reach, 0.0));
+  const int32_t Bottom = RoundHalfEven(std::min<double>(At.Y + Reach, Target.Height()));
+  for (int32_t Y = Top; Y < Bottom; ++Y) {
     // The centre of pixel (X, Y) in the box's own directions: along the text and down from it.
     const double DY = Y + 0.5 - At.Y;
     const double DX = 0.5 - At.X;

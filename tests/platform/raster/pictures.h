@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <random>
 #include <string>
 #include <utility>
@@ -45,9 +46,9 @@ class TRandom {
   TPoint Point() {
     constexpr std::array<int64_t, 5> Reach{12, 60, 5000, 1LL << 24, (1LL << 31) - 1};
     const int64_t R = Reach[Bits() % Reach.size()];
+    const double Low = R < 100 ? 15.0 - static_cast<double>(R) : -static_cast<double>(R);
     const auto One = [&] {
-      return static_cast<int32_t>(static_cast<int64_t>(Bits()) * (2 * R) / 0xFFFFFFFFLL - R +
-                                  (R < 100 ? 15 : 0));
+      return static_cast<int32_t>(std::floor(Real(Low, Low + 2.0 * static_cast<double>(R))));
     };
     const int32_t X = One();
     return {X, One()};

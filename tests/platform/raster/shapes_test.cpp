@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
+#include <platform/raster/lines.h>
 #include <platform/raster/raster_canvas.h>
 #include <platform/raster/shapes.h>
 

@@ -36,7 +36,7 @@ TEST(TextDrawing, BlendsByCoverageAndFillsTheGround) {
     const TColor Below = Expected.Pixel(2, 2);
     const auto Mixed = [&](int32_t Coverage) {
       const auto Mix = [&](int32_t A, int32_t B) {
-        return static_cast<uint8_t>(A + (B - A) * Coverage / 255.0 + 0.5);
+        return static_cast<uint8_t>(std::lround(A + (B - A) * Coverage / 255.0));
       };
       return RgbColor(Mix(0, 255), Mix(0, 99), Mix(BlueOf(Below), 0));
     };
