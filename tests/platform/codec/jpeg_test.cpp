@@ -44,7 +44,7 @@ TEST(Jpeg, EveryKindGivesItsPixels) {
       for (int X = 0; X < Kind.Size.Width; ++X) {
         const auto Truth = SmoothPixel(Kind.Size, X, Y);
         const size_t Grey = Kind.Components == 1 ? 0 : 1;
-        const uint8_t* Pixel = Bitmap.Row(Y) + X * 4;
+        const uint8_t* Pixel = Bitmap.Row(Y) + size_t{4} * static_cast<size_t>(X);
         for (size_t c = 0; c < 3; ++c) {
           Worst = std::max(Worst, std::abs(Pixel[2 - c] - Truth[c * Grey]));
         }
