@@ -9,8 +9,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include <platform/base/geometry.h>
-
 namespace zav {
 
 // The multiples of 1 / Factor from Trunc(Start * Factor) / Factor up to, not including, End.
@@ -32,7 +30,12 @@ inline TLineSeries MakeLineSeries(double Start, double End, double Factor) noexc
   return Series;
 }
 
-inline bool APixelApart(TPoint A, TPoint B) noexcept { return A != B; }
+// Whether two points of the map, Factor device pixels a unit, are a device pixel or more apart
+// along an axis. False for a point that is not finite.
+inline bool APixelApart(double X1, double Y1, double X2, double Y2, double Factor) noexcept {
+  const double Distance = std::max(std::fabs(X2 - X1), std::fabs(Y2 - Y1)) * Factor;
+  return Distance >= 1 && std::isfinite(Distance);
+}
 
 // No picture has as many pixels across; it bounds the time that a calibration gone wild can take.
 constexpr int MaxSeriesLines = 20000;
@@ -42,21 +45,24 @@ constexpr int MaxSeriesLines = 20000;
 template <typename TApart, typename TDraw>
 void ForEachLine(const TLineSeries& Series, TApart Apart, TDraw Draw) {
   double Index = 0;
+  double Stride = 1;  // lines are about evenly apart, so the last stride is a good guess
   for (int Drawn = 0; Index < Series.Count && Drawn < MaxSeriesLines; ++Drawn) {
     Draw(Index);
     const double Left = Series.Count - 1 - Index;  // lines after this one
-    double Near = 0;                               // that many further on it is too close
-    double Far = 1;                                // that many further on it is not
-    while (Far <= Left && !Apart(Index, Index + Far)) {
+    if (Left < 1) return;
+    double Near = 0;                      // that many further on it is too close
+    double Far = std::min(Stride, Left);  // that many further on it is not
+    while (!Apart(Index, Index + Far)) {
+      if (Far >= Left) return;
       Near = Far;
-      Far = Far < Left ? std::min(Far * 2, Left) : Left + 1;
+      Far = std::min(Far * 2, Left);
     }
-    if (Far > Left) return;
     while (Far - Near > 1) {
       const double Middle = std::floor((Near + Far) / 2);
       if (Middle <= Near || Middle >= Far) break;  // beyond the whole numbers of a double
       (Apart(Index, Index + Middle) ? Far : Near) = Middle;
     }
+    Stride = Far;
     Index += Far;
   }
 }

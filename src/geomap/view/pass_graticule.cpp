@@ -56,25 +56,41 @@ double LinesPerDegree(double Span, double GratLineDist) {
   return Factor;
 }
 
-// One family of lines; PointOf(Line's value, position along it) is the device pixel.
-template <typename TPointOf>
-void DrawFamily(const TLineSeries& Series, int Pieces, double From, double To, TPointOf PointOf,
-                TCanvas& Device) {
-  const auto At = [&](double Index, int Piece) {
-    return PointOf(Series.Value(Index), From + Piece * (To - From) / Pieces);
+// One family of lines. PositionAt(line's value, value along it) is the position of a point.
+template <typename TPositionAt>
+void DrawFamily(const TRenderScene& Scene, const TLineSeries& Series, int Pieces, double From,
+                double To, TPositionAt PositionAt, TCanvas& Device) {
+  const TCalibration& Calibration = Scene.Calibration;
+  const double Factor = Scene.View.Magnification * Scene.Scale;
+  const auto At = [&](double Index, int Piece) -> TCoords {
+    return PositionAt(Series.Value(Index), From + Piece * (To - From) / Pieces);
   };
   const auto Apart = [&](double A, double B) {
     // The ends and three points between: neighbours that agree there agree to the eye.
     for (int Quarter = 0; Quarter <= 4; ++Quarter) {
       const int Piece = Pieces * Quarter / 4;
-      if (APixelApart(At(A, Piece), At(B, Piece))) return true;
+      const TCoords PA = At(A, Piece);
+      const TCoords PB = At(B, Piece);
+      double XA = 0;
+      double YA = 0;
+      double XB = 0;
+      double YB = 0;
+      if (!Calibration.ToPixel(PA.Latit, PA.Longit, XA, YA)) continue;
+      if (!Calibration.ToPixel(PB.Latit, PB.Longit, XB, YB)) continue;
+      if (APixelApart(XA, YA, XB, YB, Factor)) return true;
     }
     return false;
   };
   TPolyline Line;
   ForEachLine(Series, Apart, [&](double Index) {
     Line.clear();
-    for (int Piece = 0; Piece <= Pieces; ++Piece) AddPoint(Line, At(Index, Piece));
+    for (int Piece = 0; Piece <= Pieces; ++Piece) {
+      const TCoords Position = At(Index, Piece);
+      int32_t X = 0;
+      int32_t Y = 0;
+      Calibration.CalcPixelCoords(Position.Latit, Position.Longit, X, Y);
+      AddPoint(Line, Scene.ToDevice(X, Y));
+    }
     Device.Polyline(Line);
   });
 }
@@ -90,18 +106,20 @@ void DrawGraticule(const TRenderScene& Scene, TCanvas& Device) {
   Device.Pen = {Scene.Look.ColorGraticule, TPenStyle::psSolid, TPenMode::pmCopy, Scene.PenWidth()};
   const TExtent Area = ExtentOf(Calibration.Data().Corners);
   const double Dist = Scene.Look.GratLineDist;
-  const auto PixelOf = [&](double Lat, double Long) {
-    int32_t X = 0;
-    int32_t Y = 0;
-    Calibration.CalcPixelCoords(Lat, Long, X, Y);
-    return Scene.ToDevice(X, Y);
-  };
-  DrawFamily(MakeLineSeries(Area.South, Area.North, LinesPerDegree(Area.North - Area.South, Dist)),
-             Model.Pieces, Area.West, Area.East, PixelOf, Device);
   DrawFamily(
-      MakeLineSeries(Area.West, Area.East, LinesPerDegree(Area.East - Area.West, Dist)),
+      Scene, MakeLineSeries(Area.South, Area.North, LinesPerDegree(Area.North - Area.South, Dist)),
+      Model.Pieces, Area.West, Area.East,
+      [](double Lat, double Long) -> TCoords {
+        return {Lat, Long};
+      },
+      Device);
+  DrawFamily(
+      Scene, MakeLineSeries(Area.West, Area.East, LinesPerDegree(Area.East - Area.West, Dist)),
       Model.Pieces, Area.South, Area.North,
-      [&](double Long, double Lat) { return PixelOf(Lat, Long); }, Device);
+      [](double Long, double Lat) -> TCoords {
+        return {Lat, Long};
+      },
+      Device);
 }
 
 }  // namespace zav

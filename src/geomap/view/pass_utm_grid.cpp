@@ -54,16 +54,17 @@ void DrawClipped(const TRenderScene& Scene, const TLineEnds& Ends, TCanvas& Devi
   Device.LineTo(RoundHalfEven(X2), RoundHalfEven(Y2));
 }
 
+// EndsOf(value) is the line of a northing or easting. MapStep is how far, in map pixels, the line
+// moves with each metre: the model is linear, so it is the same everywhere.
 template <typename TEndsOf>
-void DrawFamily(const TRenderScene& Scene, const TLineSeries& Series, TEndsOf EndsOf,
-                TCanvas& Device) {
-  const auto At = [&](double Index) -> TLineEnds { return EndsOf(Series.Value(Index)); };
+void DrawFamily(const TRenderScene& Scene, const TLineSeries& Series, double MapStep,
+                TEndsOf EndsOf, TCanvas& Device) {
+  const double Factor = Scene.View.Magnification * Scene.Scale;
   const auto Apart = [&](double A, double B) {
-    const TLineEnds EndsA = At(A);
-    const TLineEnds EndsB = At(B);
-    return APixelApart(EndsA[0], EndsB[0]) || APixelApart(EndsA[1], EndsB[1]);
+    return APixelApart(Series.Value(A) * MapStep, 0, Series.Value(B) * MapStep, 0, Factor);
   };
-  ForEachLine(Series, Apart, [&](double Index) { DrawClipped(Scene, At(Index), Device); });
+  ForEachLine(Series, Apart,
+              [&](double Index) { DrawClipped(Scene, EndsOf(Series.Value(Index)), Device); });
 }
 
 }  // namespace
@@ -80,17 +81,24 @@ void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device) {
   const TUTMPosition BottomRight = UTMOf(Data.Corners[gcoBottomRight], Data.Ellipsoid);
   const double Factor =
       LinesPerMetre(Scene.Look.UTMGridDist, TopLeft.Northing - BottomLeft.Northing);
+  // Along the map's edges: x stays the same while the northing and the row change, and the other
+  // way.
+  const auto& X = Calibration.Coefficients().CalCoefPixX;
+  const auto& Y = Calibration.Coefficients().CalCoefPixY;
+  const double RowsPerNorthing = Y[1] - Y[2] * X[1] / X[2];
+  const double ColumnsPerEasting = X[2] - X[1] * Y[2] / Y[1];
   const int32_t Width = Scene.Map.Width;
   const int32_t Height = Scene.Map.Height;
   DrawFamily(
       Scene, MakeLineSeries(BottomLeft.Northing, TopLeft.Northing + 1 / Factor, Factor),
+      RowsPerNorthing,
       [&](double Northing) -> TLineEnds {
         return {Scene.ToDevice(0, Calibration.CalcUTMyFromNorthingX(Northing, 0)),
                 Scene.ToDevice(Width, Calibration.CalcUTMyFromNorthingX(Northing, Width))};
       },
       Device);
   DrawFamily(
-      Scene, MakeLineSeries(BottomLeft.Easting, BottomRight.Easting, Factor),
+      Scene, MakeLineSeries(BottomLeft.Easting, BottomRight.Easting, Factor), ColumnsPerEasting,
       [&](double Easting) -> TLineEnds {
         return {Scene.ToDevice(Calibration.CalcUTMxFromEastingY(Easting, 0), 0),
                 Scene.ToDevice(Calibration.CalcUTMxFromEastingY(Easting, Height), Height)};
