@@ -12,37 +12,55 @@ namespace {
 
 constexpr size_t None = std::string_view::npos;
 
-// Bytes of a file or stream, one after the other.
+// Bytes of a file or stream, one after the other. What has not been taken is left unread at the
+// end.
 class TByteSource {
  public:
-  virtual ~TByteSource() = default;
-  // -1 at the end.
-  virtual int Next() = 0;
-  // Takes back the last Count bytes.
-  virtual void Back(size_t Count) = 0;
-};
-
-class TFileBytes final : public TByteSource {
- public:
-  explicit TFileBytes(TextFile& File) : FFile(File) {}
-  int Next() override { return FFile.ReadByte(); }
-  void Back(size_t Count) override { FFile.Unread(Count); }
-
- private:
-  TextFile& FFile;
-};
-
-class TStreamBytes final : public TByteSource {
- public:
-  explicit TStreamBytes(TStream& Stream) : FStream(Stream) {}
-  int Next() override {
-    unsigned char byte = 0;
-    return FStream.Read(&byte, 1) == 1 ? byte : -1;
+  explicit TByteSource(TextFile& File) : FFile(&File), FChunk(File.Rest()) {}
+  explicit TByteSource(TStream& Stream) : FStream(&Stream) {}
+  ~TByteSource() {
+    if (FFile != nullptr) {
+      FFile->Skip(FPos);
+    } else {
+      FStream->SetPosition(FStream->Position() - (FChunk.size() - FPos));
+    }
   }
-  void Back(size_t Count) override { FStream.SetPosition(FStream.Position() - Count); }
+  TByteSource(const TByteSource&) = delete;
+  TByteSource& operator=(const TByteSource&) = delete;
+
+  // -1 at the end.
+  int Next() {
+    if (FPos == FChunk.size() && !NextChunk()) return -1;
+    return static_cast<unsigned char>(FChunk[FPos++]);
+  }
+
+  // Takes back the last Count bytes.
+  void Back(size_t Count) {
+    if (Count <= FPos) {
+      FPos -= Count;
+      return;
+    }
+    FStream->SetPosition(FStream->Position() - (FChunk.size() - FPos) - Count);
+    FChunk = {};
+    FPos = 0;
+  }
 
  private:
-  TStream& FStream;
+  // About the length of some records: what is too much is read again by the next call.
+  static constexpr size_t ChunkSize = 1024;
+
+  bool NextChunk() {
+    if (FStream == nullptr) return false;
+    FChunk = {FBuffer.data(), FStream->Read(FBuffer.data(), FBuffer.size())};
+    FPos = 0;
+    return !FChunk.empty();
+  }
+
+  TextFile* FFile = nullptr;
+  TStream* FStream = nullptr;
+  std::string_view FChunk;
+  size_t FPos = 0;
+  std::array<char, ChunkSize> FBuffer;
 };
 
 // Reads up to and with a "<"; false at the end.
@@ -90,7 +108,7 @@ bool ReadTagText(TByteSource& Source, std::string& Text) {
     }
     const bool asBlank = quote == None && (lineEnd || byte == '\t');
     Text += asBlank ? ' ' : static_cast<char>(byte);
-    if (Text == "!--") {
+    if (Text.size() == 3 && Text == "!--") {
       SkipComment(Source);
       return false;
     }
@@ -162,7 +180,36 @@ bool FindRootLineWith(const TNextLine& NextLine, TXmlTag Root, std::string_view 
   return false;
 }
 
-enum class TAttributeState { Name, BeforeValue, QuotedValue, PlainValue };
+// NextAttribute on views; Offset is 0-based. The states are those of a walk along the characters:
+// the name up to "=", then blanks, then a value that ends with its quote or at a blank.
+int32_t NextPair(std::string_view Text, size_t& Offset, std::string_view& Name,
+                 std::string_view& Value) {
+  Name = Value = {};
+  if (Offset >= Text.size()) return 4;
+  const auto endOf = [&](size_t from, std::string_view ends) {
+    while (from < Text.size() && ends.find(Text[from]) == None) ++from;
+    return from;
+  };
+  const auto behind = [&](size_t at) { return std::min(at + 1, Text.size()); };
+  const size_t nameEnd = endOf(Offset, "=\"");
+  Name = TrimBlanks(Text.substr(Offset, nameEnd - Offset));
+  Offset = behind(nameEnd);
+  if (nameEnd == Text.size()) return 0;
+  if (Text[nameEnd] == '"') return 1;
+  const size_t start = std::min(Text.find_first_not_of(' ', Offset), Text.size());
+  Offset = start;
+  if (start == Text.size()) return 0;
+  if (Text[start] == '=') {
+    ++Offset;
+    return 2;
+  }
+  const bool quoted = Text[start] == '"';
+  const size_t first = quoted ? start + 1 : start;
+  const size_t valueEnd = endOf(start + 1, quoted ? "\"" : " \"=");
+  Value = Text.substr(first, valueEnd - first);
+  Offset = behind(valueEnd);
+  return !quoted && valueEnd < Text.size() && Text[valueEnd] == '=' ? 3 : 0;
+}
 
 }  // namespace
 
@@ -173,68 +220,36 @@ bool IsRecordText(std::string_view Text) noexcept {
 int32_t NextAttribute(std::string_view TagText, int32_t& Pos, std::string& Name,
                       std::string& Value) {
   const std::string_view text = TagText.substr(0, std::numeric_limits<int32_t>::max() - 1);
-  Name.clear();
-  Value.clear();
+  std::string_view name;
+  std::string_view value;
   Pos = std::max(Pos, 1);
-  if (static_cast<size_t>(Pos) > text.size()) return 4;
-  TAttributeState state = TAttributeState::Name;
-  bool done = false;
-  while (!done && static_cast<size_t>(Pos) <= text.size()) {
-    const char c = text[static_cast<size_t>(Pos) - 1];
-    ++Pos;
-    switch (state) {
-      case TAttributeState::Name:
-        if (c == '"') return 1;
-        if (c == '=') {
-          state = TAttributeState::BeforeValue;
-        } else {
-          Name += c;
-        }
-        break;
-      case TAttributeState::BeforeValue:
-        if (c == '=') return 2;
-        if (c == '"') {
-          state = TAttributeState::QuotedValue;
-        } else if (c != ' ') {
-          Value += c;
-          state = TAttributeState::PlainValue;
-        }
-        break;
-      case TAttributeState::QuotedValue:
-        done = c == '"';
-        if (!done) Value += c;
-        break;
-      case TAttributeState::PlainValue:
-        if (c == '=') return 3;
-        done = c == ' ' || c == '"';
-        if (!done) Value += c;
-        break;
-    }
-  }
-  Name = std::string(TrimBlanks(Name));
-  return 0;
+  auto offset = static_cast<size_t>(Pos) - 1;
+  const int32_t result = NextPair(text, offset, name, value);
+  if (result != 4) Pos = static_cast<int32_t>(offset) + 1;
+  Name = name;
+  Value = value;
+  return result;
 }
 
 std::string FindAttribute(std::string_view TagText, std::string_view Name) {
-  const std::string wanted = LowerCase(Name);
-  std::string name;
-  std::string value;
-  int32_t pos = 1;
-  while (NextAttribute(TagText, pos, name, value) == 0) {
-    if (LowerCase(name) == wanted) return value;
+  std::string_view name;
+  std::string_view value;
+  size_t offset = 0;
+  while (NextPair(TagText, offset, name, value) == 0) {
+    if (SameText(name, Name)) return std::string(value);
   }
   return {};
 }
 
 int32_t ReadNextTagInTextFile(TextFile& File, std::span<const std::string_view> TagList,
                               int32_t HighIndex, std::string& Attributes, std::string& Contents) {
-  TFileBytes source(File);
+  TByteSource source(File);
   return ReadNextTag(source, TagList, HighIndex, Attributes, Contents);
 }
 
 int32_t ReadNextTagInStream(TStream& Stream, std::span<const std::string_view> TagList,
                             int32_t HighIndex, std::string& Attributes, std::string& Contents) {
-  TStreamBytes source(Stream);
+  TByteSource source(Stream);
   return ReadNextTag(source, TagList, HighIndex, Attributes, Contents);
 }
 

@@ -50,12 +50,15 @@ std::string TextFile::ReadLn() {
   return line;
 }
 
-int TextFile::ReadByte() {
+std::string_view TextFile::Rest() const {
   RequireReading();
-  return FPos < FText.size() ? static_cast<unsigned char>(FText[FPos++]) : -1;
+  return std::string_view(FText).substr(FPos);
 }
 
-void TextFile::Unread(size_t Count) noexcept { FPos -= std::min(Count, FPos); }
+void TextFile::Skip(size_t Count) {
+  RequireReading();
+  FPos += std::min(Count, FText.size() - FPos);
+}
 
 void TextFile::Write(std::string_view Text) {
   if (!FOutput) throw EInOutError(FPath, "is not open for writing");

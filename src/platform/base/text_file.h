@@ -30,10 +30,10 @@ class TextFile {
   bool Eof() const;
   // The next line without its end; empty at the end of the file.
   std::string ReadLn();
-  // The next byte, 0..255, which is then read; -1 at the end of the file.
-  int ReadByte();
-  // Takes back the last Count bytes that were read by ReadByte, or all.
-  void Unread(size_t Count) noexcept;
+  // All that has not been read yet, line ends included; valid until the file is closed.
+  std::string_view Rest() const;
+  // Counts the next Count bytes, or all, as read.
+  void Skip(size_t Count);
 
   void Write(std::string_view Text);
   void WriteLn(std::string_view Line = {});

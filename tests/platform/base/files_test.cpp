@@ -45,17 +45,16 @@ TEST(TextFile, ReadsEitherLineEnd) {
   }
 }
 
-TEST(TextFile, ReadsBytesAndTakesThemBack) {
+TEST(TextFile, ReadsLinesAndBytesInTurn) {
   const TTempFolder folder;
-  WriteWholeFile(folder / "t.txt", "one\r\n\xFFx");
+  WriteWholeFile(folder / "t.txt", "one\r\ntwo\nthree");
   TextFile file;
   file.Reset(folder / "t.txt");
   EXPECT_EQ(file.ReadLn(), "one");
-  EXPECT_EQ(file.ReadByte(), 0xFF);
-  EXPECT_EQ(file.ReadByte(), 'x');
-  EXPECT_EQ(file.ReadByte(), -1);
-  file.Unread(2);
-  EXPECT_EQ(file.ReadLn(), "\xFFx");
+  EXPECT_EQ(file.Rest(), "two\nthree");
+  file.Skip(1);
+  EXPECT_EQ(file.ReadLn(), "wo");
+  file.Skip(99);
   EXPECT_TRUE(file.Eof());
   EXPECT_EQ(file.ReadLn(), "");
 }
