@@ -27,7 +27,7 @@ void GeoMapWidget::PressButton(const QMouseEvent& Event, TMouseButton Button) {
   FPressed = ToQPoint(At);
   const TShiftState Shift = ToShiftState(Event.modifiers(), Event.buttons());
   Guarded([&] {
-    EndGesture();
+    if (FGestureEnd.isActive()) EndGesture();
     FMap->MouseDown(Button, Shift, At.X, At.Y);
   });
 }
@@ -93,14 +93,15 @@ void GeoMapWidget::ReportMousePosition() {
 // --- zooming and panning without dragging
 
 void GeoMapWidget::ViewChangedByUser() {
+  FGestureView = FMap->View();
   FGestureEnd.start();
   if (FMouseInside) ReportMousePosition();
 }
 
 void GeoMapWidget::EndGesture() {
-  if (!FGestureEnd.isActive()) return;
   FGestureEnd.stop();
-  FMap->ZoomStateOnStack();
+  // The program may have gone elsewhere meanwhile, through the history for instance.
+  if (FMap->View() == FGestureView) FMap->ZoomStateOnStack();
 }
 
 void GeoMapWidget::ZoomAt(QPointF Position, int Steps) {

@@ -39,8 +39,7 @@ GeoMapWidget::GeoMapWidget(QWidget* Parent)
   FMap->AddObserver(this);
   FGestureEnd.setSingleShot(true);
   FGestureEnd.setInterval(GesturePause);
-  connect(&FGestureEnd, &QTimer::timeout, this,
-          [this] { Guarded([this] { FMap->ZoomStateOnStack(); }); });
+  connect(&FGestureEnd, &QTimer::timeout, this, [this] { Guarded([this] { EndGesture(); }); });
   resize(FMap->Width(), FMap->Height());
 }
 

@@ -251,6 +251,7 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   QPoint FPressed;
   double FWheelUnits = 0;
   QTimer FGestureEnd;  // a pause in zooming and panning without the mouse makes one step of history
+  TViewState FGestureView;  // what it led to
 };
 
 }  // namespace zav

@@ -1,0 +1,190 @@
+// icons.cpp - the viewer's icons, as strokes on a grid of 24 x 24.
+// SPDX-License-Identifier: MIT
+#include "icons.h"
+
+#include <QColor>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPalette>
+#include <QPen>
+#include <QPixmap>
+#include <QPolygonF>
+
+namespace zav {
+
+namespace {
+
+void AddPolyline(QPainterPath& Path, const QPolygonF& Points) { Path.addPolygon(Points); }
+
+void AddArrow(QPainterPath& Path, bool ToLeft) {
+  const double Tip = ToLeft ? 4 : 20;
+  const double Tail = ToLeft ? 20 : 4;
+  const double Wing = ToLeft ? 11 : 13;
+  AddPolyline(Path, {{Tail, 12}, {Tip, 12}});
+  AddPolyline(Path, {{Wing, 5}, {Tip, 12}, {Wing, 19}});
+}
+
+void AddMagnifier(QPainterPath& Path, bool Plus) {
+  Path.addEllipse(QRectF(3, 3, 14, 14));
+  AddPolyline(Path, {{15, 15}, {21, 21}});
+  AddPolyline(Path, {{6.5, 10}, {13.5, 10}});
+  if (Plus) AddPolyline(Path, {{10, 6.5}, {10, 13.5}});
+}
+
+void AddFolder(QPainterPath& Path) {
+  Path.addPolygon(QPolygonF{{3, 19}, {3, 5}, {9, 5}, {11, 8}, {21, 8}, {21, 19}, {3, 19}});
+}
+
+void AddSheet(QPainterPath& Path) {
+  Path.addPolygon(QPolygonF{{5, 3}, {14, 3}, {19, 8}, {19, 21}, {5, 21}, {5, 3}});
+  AddPolyline(Path, {{14, 3}, {14, 8}, {19, 8}});
+}
+
+// Four corners of a frame.
+void AddFit(QPainterPath& Path) {
+  AddPolyline(Path, {{3, 8}, {3, 3}, {8, 3}});
+  AddPolyline(Path, {{16, 3}, {21, 3}, {21, 8}});
+  AddPolyline(Path, {{21, 16}, {21, 21}, {16, 21}});
+  AddPolyline(Path, {{8, 21}, {3, 21}, {3, 16}});
+  Path.addRect(QRectF(8, 8, 8, 8));
+}
+
+void AddOneToOne(QPainterPath& Path) {
+  AddPolyline(Path, {{3, 8}, {6, 5}, {6, 19}});
+  AddPolyline(Path, {{15, 8}, {18, 5}, {18, 19}});
+  AddPolyline(Path, {{11, 9}, {11, 10}});
+  AddPolyline(Path, {{11, 15}, {11, 16}});
+}
+
+// A globe: outline, equator, two parallels, a meridian either side of the middle.
+void AddGraticule(QPainterPath& Path) {
+  Path.addEllipse(QRectF(3, 3, 18, 18));
+  Path.addEllipse(QRectF(8, 3, 8, 18));
+  AddPolyline(Path, {{3, 12}, {21, 12}});
+  AddPolyline(Path, {{4.5, 7.5}, {19.5, 7.5}});
+  AddPolyline(Path, {{4.5, 16.5}, {19.5, 16.5}});
+}
+
+void AddList(QPainterPath& Path) {
+  Path.addRect(QRectF(3, 4, 18, 16));
+  AddPolyline(Path, {{9, 4}, {9, 20}});
+  AddPolyline(Path, {{5, 8}, {7, 8}});
+  AddPolyline(Path, {{5, 12}, {7, 12}});
+  AddPolyline(Path, {{5, 16}, {7, 16}});
+}
+
+void AddCopy(QPainterPath& Path) {
+  Path.addRect(QRectF(8, 8, 12, 13));
+  AddPolyline(Path, {{5, 16}, {4, 16}, {4, 3}, {16, 3}, {16, 5}});
+}
+
+void AddWarning(QPainterPath& Path) {
+  Path.addPolygon(QPolygonF{{12, 3}, {22, 21}, {2, 21}, {12, 3}});
+  AddPolyline(Path, {{12, 9}, {12, 15}});
+  AddPolyline(Path, {{12, 17.6}, {12, 18}});
+}
+
+QPainterPath StrokesOf(ViewerIcon Icon) {
+  QPainterPath Path;
+  switch (Icon) {
+    case ViewerIcon::OpenFile:
+      AddSheet(Path);
+      break;
+    case ViewerIcon::OpenFolder:
+      AddFolder(Path);
+      break;
+    case ViewerIcon::ZoomIn:
+    case ViewerIcon::ZoomOut:
+      AddMagnifier(Path, Icon == ViewerIcon::ZoomIn);
+      break;
+    case ViewerIcon::Fit:
+      AddFit(Path);
+      break;
+    case ViewerIcon::ActualSize:
+      AddOneToOne(Path);
+      break;
+    case ViewerIcon::Back:
+    case ViewerIcon::Forward:
+      AddArrow(Path, Icon == ViewerIcon::Back);
+      break;
+    case ViewerIcon::Graticule:
+      AddGraticule(Path);
+      break;
+    case ViewerIcon::MapList:
+      AddList(Path);
+      break;
+    case ViewerIcon::Copy:
+      AddCopy(Path);
+      break;
+    case ViewerIcon::Warning:
+      AddWarning(Path);
+      break;
+    case ViewerIcon::Application:
+      break;
+  }
+  return Path;
+}
+
+// A folded map with its graticule, in colours that show on light and dark grounds.
+void DrawApplicationIcon(QPainter& Painter) {
+  Painter.setPen(QPen(QColor(0x2b, 0x4a, 0x5e), 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const QColor Sheets[3] = {{0xcf, 0xe6, 0xc8}, {0xb2, 0xd8, 0xe8}, {0xf2, 0xe3, 0xb8}};
+  for (int i = 0; i < 3; ++i) {
+    const double Left = 2 + i * 6.6667;
+    const double Right = Left + 6.6667;
+    const double LeftDrop = i % 2 == 0 ? 0 : 3;
+    Painter.setBrush(Sheets[i]);
+    Painter.drawPolygon(QPolygonF{{Left, 3 + LeftDrop},
+                                  {Right, 6 - LeftDrop},
+                                  {Right, 21 - LeftDrop},
+                                  {Left, 18 + LeftDrop}});
+  }
+  Painter.setPen(QPen(QColor(0xc0, 0x39, 0x2b), 1.6, Qt::SolidLine, Qt::RoundCap));
+  Painter.setBrush(QColor(0xe7, 0x4c, 0x3c));
+  Painter.drawEllipse(QPointF(12, 11.5), 2.6, 2.6);
+}
+
+class StrokeIconEngine final : public QIconEngine {
+ public:
+  explicit StrokeIconEngine(ViewerIcon Icon) : FIcon(Icon) {}
+
+  void paint(QPainter* Painter, const QRect& Rect, QIcon::Mode Mode, QIcon::State) override {
+    Painter->save();
+    Painter->setRenderHint(QPainter::Antialiasing);
+    Painter->translate(Rect.topLeft());
+    Painter->scale(Rect.width() / 24.0, Rect.height() / 24.0);
+    if (FIcon == ViewerIcon::Application) {
+      DrawApplicationIcon(*Painter);
+    } else {
+      const auto Group = Mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+      const auto Role = Mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText;
+      const QColor Color = QGuiApplication::palette().color(Group, Role);
+      Painter->setPen(QPen(Color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+      Painter->setBrush(Qt::NoBrush);
+      Painter->drawPath(StrokesOf(FIcon));
+    }
+    Painter->restore();
+  }
+
+  QPixmap pixmap(const QSize& Size, QIcon::Mode Mode, QIcon::State State) override {
+    QPixmap Pixmap(Size);
+    Pixmap.fill(Qt::transparent);
+    QPainter Painter(&Pixmap);
+    paint(&Painter, QRect(QPoint(0, 0), Size), Mode, State);
+    return Pixmap;
+  }
+
+  QIconEngine* clone() const override { return new StrokeIconEngine(FIcon); }
+  bool isNull() override { return false; }
+
+ private:
+  ViewerIcon FIcon;
+};
+
+}  // namespace
+
+QIcon MakeIcon(ViewerIcon Icon) { return QIcon(new StrokeIconEngine(Icon)); }
+
+}  // namespace zav

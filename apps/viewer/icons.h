@@ -1,0 +1,30 @@
+// icons.h - the viewer's icons, drawn when they are needed: sharp at every size and pixel ratio,
+// and in the colours of the desktop's theme, light or dark. SPDX-License-Identifier: MIT
+#ifndef ZAV_APPS_VIEWER_ICONS_H
+#define ZAV_APPS_VIEWER_ICONS_H
+
+#include <QIcon>
+
+namespace zav {
+
+enum class ViewerIcon {
+  OpenFile,
+  OpenFolder,
+  ZoomIn,
+  ZoomOut,
+  Fit,
+  ActualSize,
+  Back,
+  Forward,
+  Graticule,
+  MapList,
+  Copy,
+  Warning,
+  Application,  // in colours of its own
+};
+
+QIcon MakeIcon(ViewerIcon Icon);
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,110 @@
+// main_window.h - the viewer's window: map, list of maps, menus, tool bar, position in the status
+// bar. SPDX-License-Identifier: MIT
+#ifndef ZAV_APPS_VIEWER_MAIN_WINDOW_H
+#define ZAV_APPS_VIEWER_MAIN_WINDOW_H
+
+#include <optional>
+
+#include <QMainWindow>
+#include <QPointF>
+#include <QString>
+#include <QStringList>
+
+#include "command_line.h"
+#include "map_list.h"
+#include "map_source.h"
+
+class QAction;
+class QDockWidget;
+class QLabel;
+class QListView;
+class QMenu;
+class QSettings;
+
+namespace zav {
+
+class GeoMapWidget;
+class GraticuleMenu;
+class MessageBar;
+class ReadoutButton;
+class TGeoMap;
+class ViewMenu;
+
+class MainWindow final : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // The settings must outlive the window; without them nothing is remembered.
+  explicit MainWindow(QSettings* Settings, QWidget* Parent = nullptr);
+  ~MainWindow() override;
+
+  // These return what went wrong, which is shown in the window too; empty = nothing.
+  // Opens files and folders: more than one map makes a list, and the first of them that can be
+  // shown is shown.
+  QString openAll(const QStringList& Paths);
+  // Sets graticule and view as the command line says.
+  QString applyView(const ViewerOptions& Options);
+  // Writes the window as a picture, PNG unless the name ends in .jpg, .jpeg or .bmp.
+  QString saveScreenshot(const QString& Path);
+
+  GeoMapWidget& mapWidget() { return *FWidget; }
+  QString message() const;
+
+ protected:
+  void closeEvent(QCloseEvent* Event) override;
+  void dragEnterEvent(QDragEnterEvent* Event) override;
+  void dropEvent(QDropEvent* Event) override;
+
+ private:
+  static constexpr int LayoutVersion = 1;  // of docks and tool bars in the settings
+
+  TGeoMap& map();
+  void makeCenter();
+  void makeList();
+  void makeStatusBar();
+  void makeMenus();
+  void fillRecentMenu();
+  void restore();
+
+  void askFiles();
+  void askFolder();
+  QString openList(const QList<MapSource>& Sources);
+  QString showMap(const MapSource& Source);
+  QString report(const QString& Problem);
+  void showMapMenu(QPoint Position);
+  void showAbout();
+
+  // What is at a point of the control.
+  QPointF mapPixelAt(QPointF Control);
+  QPointF controlPositionOf(QPointF MapPixel);
+  std::optional<TCoords> positionAt(QPointF MapPixel);
+  QString textAt(QPointF MapPixel);
+  void copyText(const QString& Text);
+  void updateReadout();
+  void updateStatus();
+
+  QSettings* FSettings;
+  GeoMapWidget* FWidget = nullptr;
+  MessageBar* FMessage = nullptr;
+  MapList* FList = nullptr;
+  QListView* FListView = nullptr;
+  QDockWidget* FDock = nullptr;
+  ViewMenu* FView = nullptr;
+  GraticuleMenu* FGraticule = nullptr;
+  QMenu* FRecent = nullptr;
+  QAction* FCopy = nullptr;
+  QAction* FCopyPixel = nullptr;
+  ReadoutButton* FReadout = nullptr;
+  QLabel* FName = nullptr;
+  QLabel* FPixel = nullptr;
+  QLabel* FZoom = nullptr;
+  QLabel* FScale = nullptr;
+
+  std::optional<MapSource> FShown;
+  std::optional<QPointF> FMousePixel;  // where the mouse was last on the map
+  QPointF FMouse;                      // the same, in control pixels
+};
+
+}  // namespace zav
+
+#endif

@@ -1,0 +1,49 @@
+// map_list.h - the list of a folder's maps: caption, size in pixels, model, and what is wrong with
+// them. SPDX-License-Identifier: MIT
+#ifndef ZAV_APPS_VIEWER_MAP_LIST_H
+#define ZAV_APPS_VIEWER_MAP_LIST_H
+
+#include <QAbstractListModel>
+#include <QList>
+#include <QStyledItemDelegate>
+
+#include "map_source.h"
+
+namespace zav {
+
+class MapList final : public QAbstractListModel {
+  Q_OBJECT
+
+ public:
+  enum Role { PathRole = Qt::UserRole, DetailRole, ProblemRole };
+
+  using QAbstractListModel::QAbstractListModel;
+
+  void setSources(const QList<MapSource>& Sources);
+  // The row of the map with this path, -1 when it is not in the list.
+  int rowOf(const QString& Path) const;
+  // The first map that can be shown; empty when none can.
+  QString firstUsable() const;
+
+  int rowCount(const QModelIndex& Parent = {}) const override;
+  QVariant data(const QModelIndex& Index, int DataRole) const override;
+
+ private:
+  QList<MapSource> FSources;
+};
+
+// Draws a map's caption, and its details in a fainter line below.
+class MapListDelegate final : public QStyledItemDelegate {
+  Q_OBJECT
+
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* Painter, const QStyleOptionViewItem& Option,
+             const QModelIndex& Index) const override;
+  QSize sizeHint(const QStyleOptionViewItem& Option, const QModelIndex& Index) const override;
+};
+
+}  // namespace zav
+
+#endif

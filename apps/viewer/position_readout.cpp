@@ -1,0 +1,139 @@
+// position_readout.cpp - a position as people write it, as precise as the map can tell.
+// SPDX-License-Identifier: MIT
+#include "position_readout.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QStringList>
+
+#include <geobasics/utm.h>
+#include <platform/base/degrees.h>
+#include <platform/base/rounding.h>
+
+namespace zav {
+
+namespace {
+
+constexpr double MetresPerDegree = 111320;  // on the equator
+
+QString Tr(const char* Text) { return QCoreApplication::translate("PositionReadout", Text); }
+
+TDegreeFormat DegreeFormatOf(ReadoutFormat Format) {
+  switch (Format) {
+    case ReadoutFormat::DegreesMinutes:
+      return TDegreeFormat::dfDegreesMinutes;
+    case ReadoutFormat::DegreesMinutesSeconds:
+      return TDegreeFormat::dfDegreesMinutesSeconds;
+    default:
+      return TDegreeFormat::dfDegrees;
+  }
+}
+
+// Units of the format's last number in a degree.
+double UnitsPerDegree(ReadoutFormat Format) {
+  switch (Format) {
+    case ReadoutFormat::DegreesMinutes:
+      return 60;
+    case ReadoutFormat::DegreesMinutesSeconds:
+      return 3600;
+    case ReadoutFormat::Utm:
+      return MetresPerDegree;
+    default:
+      return 1;
+  }
+}
+
+QString AngleText(double Angle, ReadoutFormat Format, int Decimals, char Positive, char Negative) {
+  // What is shown as zero belongs to no negative side.
+  const int32_t Shown = RoundHalfEven(Angle * UnitsPerDegree(Format) * std::pow(10, Decimals));
+  return QString::fromStdString(DegreeToStr(std::abs(Angle), DegreeFormatOf(Format), Decimals)) +
+         QLatin1Char(' ') + QLatin1Char(Shown < 0 ? Negative : Positive);
+}
+
+QString UtmText(TCoords Position, TGeoEllipsoid Ellipsoid, int Decimals) {
+  if (Position.Longit == 180) Position.Longit = -180;  // zone 1 begins there
+  const std::string ZoneAndBand = GeoToUTMZone(Position.Latit, Position.Longit);
+  if (ZoneAndBand.empty()) return Tr("outside UTM (80\u00b0 S to 84\u00b0 N)");
+  int Zone = 0;
+  double Easting = 0;
+  double Northing = 0;
+  LatLongToUTM(Position.Latit, Position.Longit, Ellipsoid, Zone, Easting, Northing);
+  return QStringLiteral("%1 %2 mE %3 mN")
+      .arg(QString::fromStdString(ZoneAndBand), QString::number(Easting, 'f', Decimals),
+           QString::number(Northing, 'f', Decimals));
+}
+
+}  // namespace
+
+QString ReadoutFormatName(ReadoutFormat Format) {
+  switch (Format) {
+    case ReadoutFormat::Degrees:
+      return Tr("Degrees");
+    case ReadoutFormat::DegreesMinutes:
+      return Tr("Degrees and minutes");
+    case ReadoutFormat::DegreesMinutesSeconds:
+      return Tr("Degrees, minutes and seconds");
+    case ReadoutFormat::Utm:
+      return Tr("UTM");
+  }
+  return {};
+}
+
+ReadoutFormat NextReadoutFormat(ReadoutFormat Format) {
+  const auto Found = std::find(AllReadoutFormats.begin(), AllReadoutFormats.end(), Format);
+  if (Found == AllReadoutFormats.end() || Found + 1 == AllReadoutFormats.end())
+    return AllReadoutFormats.front();
+  return *(Found + 1);
+}
+
+int ReadoutDecimals(ReadoutFormat Format, double MetresPerPixel) {
+  if (!std::isfinite(MetresPerPixel) || MetresPerPixel <= 0) {
+    constexpr std::array<int, 4> Unknown{5, 3, 1, 0};
+    return Unknown.at(static_cast<size_t>(Format));
+  }
+  const double UnitsPerPixel = MetresPerPixel / MetresPerDegree * UnitsPerDegree(Format);
+  constexpr int Finest = 6;
+  return std::clamp(static_cast<int>(std::ceil(-std::log10(UnitsPerPixel))), 0, Finest);
+}
+
+QString PositionText(const TCoords& Position, ReadoutFormat Format, TGeoEllipsoid Ellipsoid,
+                     double MetresPerPixel) {
+  if (!std::isfinite(Position.Latit) || !std::isfinite(Position.Longit) ||
+      std::abs(Position.Latit) > 90 || std::abs(Position.Longit) > 1e6)
+    return {};
+  TCoords OnGlobe = Position;
+  if (std::abs(OnGlobe.Longit) > 180) OnGlobe.Longit = std::remainder(OnGlobe.Longit, 360);
+  const int Decimals = ReadoutDecimals(Format, MetresPerPixel);
+  if (Format == ReadoutFormat::Utm) return UtmText(OnGlobe, Ellipsoid, Decimals);
+  return AngleText(OnGlobe.Latit, Format, Decimals, 'N', 'S') + QStringLiteral(", ") +
+         AngleText(OnGlobe.Longit, Format, Decimals, 'E', 'W');
+}
+
+QString PixelText(QPointF MapPixel) {
+  return QStringLiteral("%1, %2").arg(RoundHalfEven(MapPixel.x())).arg(RoundHalfEven(MapPixel.y()));
+}
+
+QString ScaleText(double MetresPerPixel, double Magnification, double DotsPerInch) {
+  if (!(MetresPerPixel > 0) || !(Magnification > 0) || !(DotsPerInch > 0)) return {};
+  const double Scale = MetresPerPixel / Magnification * DotsPerInch / 0.0254;
+  if (!std::isfinite(Scale) || Scale < 1 || Scale > 1e15) return {};
+  const double Step = std::pow(10, std::max(0.0, std::floor(std::log10(Scale)) - 1));
+  const double Rounded = RoundHalfEven(Scale / Step) * Step;
+  return Tr("Scale 1:%1").arg(QLocale().toString(static_cast<qlonglong>(Rounded)));
+}
+
+std::optional<TCoords> ParsePosition(const QString& Text) {
+  const QStringList Parts = Text.split(QLatin1Char(','));
+  if (Parts.size() != 2) return std::nullopt;
+  bool LatOk = false;
+  bool LongOk = false;
+  const TCoords Position{Parts[0].toDouble(&LatOk), Parts[1].toDouble(&LongOk)};
+  const bool OnGlobe = std::abs(Position.Latit) <= 90 && std::abs(Position.Longit) <= 180;
+  if (!LatOk || !LongOk || !OnGlobe) return std::nullopt;
+  return Position;
+}
+
+}  // namespace zav
