@@ -178,7 +178,8 @@ void FitConic(const TCalibData& Data, int32_t ImageWidth, int32_t ImageHeight,
     if (A.MapY != B.MapY) return A.MapY < B.MapY;
     // A total order even over values that are no numbers.
     const auto Order = std::strong_order(A.Latitude, B.Latitude);
-    return Order != 0 ? Order < 0 : std::strong_order(A.Longitude, B.Longitude) < 0;
+    return std::is_neq(Order) ? std::is_lt(Order)
+                              : std::is_lt(std::strong_order(A.Longitude, B.Longitude));
   });
 
   int64_t CentreX = MiddleOf(Quads, &TCalQuad::MapX, ImageWidth);

@@ -74,6 +74,7 @@ bool TSingularValues::Decompose(const TMatrix& A, TProgress& Progress) {
   FDataRows = static_cast<std::size_t>(A.NumRows());
   FRows = std::max(FDataRows, FCols);
   FSingular = false;
+  FA = A;
   FW.assign(FCols, 0.0);
   FE.assign(FCols, 0.0);
   FLeftFactor.assign(FCols, 0.0);
@@ -235,19 +236,29 @@ void TSingularValues::QrStep(std::size_t L, std::size_t K) {
 }
 
 void TSingularValues::Solve(const TVector& B, TVector& X) const {
-  std::vector<double> T(FCols, 0.0);
+  std::vector<double> Residual(FRows, 0.0);
+  for (std::size_t I = 0; I < FDataRows; ++I) Residual[I] = B.GetVal(static_cast<int32_t>(I + 1));
+  std::vector<double> Solution(FCols, 0.0);
+  AddPseudoInverse(Residual, Solution);
+  // Once more for what is left over: columns such as 1, northing, easting differ so much in size
+  // that the first result lacks half of its digits.
+  for (std::size_t I = 0; I < FDataRows; ++I) {
+    const double* Row = FA.RowData(static_cast<int32_t>(I + 1));
+    for (std::size_t J = 0; J < FCols; ++J) Residual[I] -= Row[J] * Solution[J];
+  }
+  AddPseudoInverse(Residual, Solution);
+  X.SetVecSize(static_cast<int32_t>(FCols));
+  std::copy(Solution.begin(), Solution.end(), X.Data());
+}
+
+// Adds V diag(1/W) U^T B to X; 1/0 counts as 0.
+void TSingularValues::AddPseudoInverse(const std::vector<double>& B, std::vector<double>& X) const {
   for (std::size_t J = 0; J < FCols; ++J) {
     if (FW[J] == 0) continue;
-    for (std::size_t I = 0; I < FDataRows; ++I) {
-      T[J] += FU[J * FRows + I] * B.GetVal(static_cast<int32_t>(I + 1));
-    }
-    T[J] /= FW[J];
-  }
-  X.SetVecSize(static_cast<int32_t>(FCols));
-  for (std::size_t J = 0; J < FCols; ++J) {
-    double Sum = 0;
-    for (std::size_t K = 0; K < FCols; ++K) Sum += FV[K * FCols + J] * T[K];
-    X.SetVal(static_cast<int32_t>(J + 1), Sum);
+    double T = 0;
+    for (std::size_t I = 0; I < FDataRows; ++I) T += FU[J * FRows + I] * B[I];
+    T /= FW[J];
+    for (std::size_t K = 0; K < FCols; ++K) X[K] += FV[J * FCols + K] * T;
   }
 }
 

@@ -46,11 +46,13 @@ class TSingularValues {
   std::size_t FindSplit(std::size_t K, double Norm);
   void CancelAbove(std::size_t L, std::size_t K, double Norm);
   void QrStep(std::size_t L, std::size_t K);
+  void AddPseudoInverse(const std::vector<double>& B, std::vector<double>& X) const;
 
   // Both stored by columns: rows by FCols, and FCols by FCols.
   double* U(std::size_t Column) { return &FU[Column * FRows]; }
   double* V(std::size_t Column) { return &FV[Column * FCols]; }
 
+  TMatrix FA;
   std::size_t FRows = 0;
   std::size_t FCols = 0;
   std::size_t FDataRows = 0;  // rows of A; FRows - FDataRows rows of zeros make U tall enough

@@ -394,23 +394,6 @@ TEST(CalibFile, AnyBytesAreReadSafely) {
         const std::string Fault = test::CheckCalibrationBytes(Bytes.substr(0, Size));
         EXPECT_EQ(Fault, "") << Entry.path() << " cut at " << Size;
       }
-      TCalibration FromFile, FromStream;
-      std::string FileError, StreamError;
-      try {
-        TextFile F;
-        F.Reset(Entry.path().string());
-        ReadCalibration(F, "", FromFile, "");
-      } catch (const EZAVGeoMapError& Error) {
-        FileError = Error.what();
-      }
-      try {
-        TMemoryStream Stream = StreamOf(Bytes);
-        ReadCalibration(Stream, "", FromStream, "");
-      } catch (const EZAVGeoMapError& Error) {
-        StreamError = Error.what();
-      }
-      EXPECT_EQ(FromFile, FromStream) << Entry.path();
-      EXPECT_EQ(FileError, StreamError) << Entry.path();
     }
   }
   EXPECT_GT(Files, 20);

@@ -8,8 +8,6 @@
 #include <functional>
 #include <random>
 
-#include "normal_equations.h"
-
 namespace zav {
 namespace {
 
@@ -89,53 +87,6 @@ TEST(Fitting, EveryModelIsExactOnItsOwnData) {
       return Calibration.CalcLatitude(1800, 1200, Valid);
     }());
   }
-}
-
-// Both polynomials, both directions, on noisy points.
-TEST(Fitting, PolynomialsAreLeastSquares) {
-  std::mt19937 Random(5);
-  std::uniform_int_distribution<int32_t> Pixel(0, 3000);
-  std::normal_distribution<double> Noise(0, 0.01);
-  TCalibData Data;
-  for (Data.NumCalQuads = 0; Data.NumCalQuads < MaxCalQuads; ++Data.NumCalQuads) {
-    const int32_t X = Pixel(Random), Y = Pixel(Random);
-    const TCoords P = Biquadratic(X, Y);
-    Data.CalQuads[static_cast<size_t>(Data.NumCalQuads)] = {P.Latit + Noise(Random),
-                                                            P.Longit + Noise(Random), X, Y};
-  }
-  TCalibCoefficients Coef;
-  FitFirstOrder(Data, Coef, DefaultProgress());
-  FitBiquadratic(Data, Coef, DefaultProgress());
-  const auto Check = [&](const auto& Found, double (*First)(const TCalQuad&),
-                         double (*Second)(const TCalQuad&), double (*Value)(const TCalQuad&)) {
-    const auto Terms = static_cast<int>(Found.size());
-    TMatrix A(Terms, MaxCalQuads);
-    TVector B(MaxCalQuads);
-    for (int I = 1; I <= MaxCalQuads; ++I) {
-      const TCalQuad& Quad = Data.CalQuads[static_cast<size_t>(I - 1)];
-      const double P = First(Quad), Q = Second(Quad);
-      const double Row[] = {1, P, Q, P * P, P * Q, Q * Q};
-      std::copy(Row, Row + Terms, A.RowData(I));
-      B.SetVal(I, Value(Quad));
-    }
-    const test::TSolution Want = test::SolveNormalEquations(A, B);
-    for (size_t I = 0; I < Found.size(); ++I) {
-      const double Scale = std::sqrt(static_cast<double>(Want.Variance[I]));
-      EXPECT_NEAR(Found[I], static_cast<double>(Want.X[I]), 1e-6 * Scale) << Terms << " " << I;
-    }
-  };
-  const auto X = [](const TCalQuad& Q) { return static_cast<double>(Q.MapX); };
-  const auto Y = [](const TCalQuad& Q) { return static_cast<double>(Q.MapY); };
-  const auto Lat = [](const TCalQuad& Q) { return Q.Latitude; };
-  const auto Long = [](const TCalQuad& Q) { return Q.Longitude; };
-  Check(Coef.CalCoefLat, X, Y, Lat);
-  Check(Coef.CalCoefLong, X, Y, Long);
-  Check(Coef.CalCoefPixX, Lat, Long, X);
-  Check(Coef.CalCoefPixY, Lat, Long, Y);
-  Check(Coef.BiqCoefLat, X, Y, Lat);
-  Check(Coef.BiqCoefLong, X, Y, Long);
-  Check(Coef.BiqCoefPixX, Lat, Long, X);
-  Check(Coef.BiqCoefPixY, Lat, Long, Y);
 }
 
 TEST(Fitting, ConeIsFoundAgainInAnyOrder) {

@@ -95,8 +95,14 @@ TEST(CalibItems, ZoneAndHemisphereMustBeThoseSet) {
   EXPECT_EQ(C.Data().NumCalQuads, 2);
 }
 
-TEST(CalibItems, FullTablesIgnoreMore) {
+TEST(CalibItems, LinesAreToldApartExactlyAndFullTablesIgnoreMore) {
   TCalibration C = With(cmParabolicIp);
+  C.AddCalibPoint(gtlParallel, 50.0, 1, 1);
+  C.AddCalibPoint(gtlParallel, 50.0000001, 2, 2);
+  C.AddCalibPoint(gtlMeridian, 50.0, 3, 3);
+  C.AddCalibPoint(gtlParallel, 50.0, 4, 4);
+  EXPECT_EQ(ItemsOf(C), "P50:(1,1)(4,4) P50:(2,2) M50:(3,3) ");
+  C.ClearCalibData();
   for (int I = 0; I < 26; ++I) C.AddCalibPoint(gtlMeridian, I, I, 0);
   EXPECT_EQ(C.Data().NumCalLines, 25);
   for (int I = 0; I < 12; ++I) C.AddCalibPoint(gtlMeridian, 3, 100 + I, 0);
@@ -112,15 +118,6 @@ TEST(CalibItems, FullTablesIgnoreMore) {
   C.SetUTMZone(1);
   EXPECT_FALSE(C.AddCalibPoint(1, 2, 1, hemiNorth, 3, 4));
   EXPECT_EQ(C.Data().NumCalLines, 25) << "items of other models stay";
-}
-
-TEST(CalibItems, LinesAreToldApartExactly) {
-  TCalibration C = With(cmParabolicIp);
-  C.AddCalibPoint(gtlParallel, 50.0, 1, 1);
-  C.AddCalibPoint(gtlParallel, 50.0000001, 2, 2);
-  C.AddCalibPoint(gtlMeridian, 50.0, 3, 3);
-  C.AddCalibPoint(gtlParallel, 50.0, 4, 4);
-  EXPECT_EQ(ItemsOf(C), "P50:(1,1)(4,4) P50:(2,2) M50:(3,3) ");
 }
 
 // Each removal on a fresh copy of the same items.
@@ -291,7 +288,10 @@ TEST(CalibItems, QualityIsTheSampleDeviationOfRoundedPixels) {
   EXPECT_EQ(QY, 0);
   // Two points a corner of a square, 4 pixels apart in X: the fit runs between them.
   for (const int I : {0, 1, 2, 3}) {
-    for (const int Off : {-2, 2}) C.AddCalibPoint(I / 2, I % 2, 100 * (I % 2) + Off, 100 * (I / 2));
+    for (const int Off : {-2, 2}) {
+      const int Row = I / 2, Column = I % 2;
+      C.AddCalibPoint(Row, Column, 100 * Column + Off, 100 * Row);
+    }
   }
   C.CalibQuality(QX, QY);
   EXPECT_NEAR(QX, std::sqrt(8 * 4 / 7.0), 1e-9);

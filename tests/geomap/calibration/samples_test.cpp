@@ -5,67 +5,19 @@
 #include <gtest/gtest.h>
 #include <GeographicLib/UTMUPS.hpp>
 
-#include <charconv>
 #include <cmath>
-#include <fstream>
-#include <sstream>
 #include <string>
-#include <vector>
+#include <utility>
+
+#include "sample_maps.h"
 
 namespace zav {
 namespace {
 
 using enum TCalibModel;
-
-using TRow = std::vector<std::string>;
-
-std::vector<TRow> ReadCsv(const std::string& Name) {
-  std::ifstream File(std::string(ZAVGEO_SAMPLES "/maps/") + Name);
-  std::vector<TRow> Rows;
-  std::string Line;
-  std::getline(File, Line);  // the names of the columns
-  while (std::getline(File, Line)) {
-    TRow& Row = Rows.emplace_back();
-    std::istringstream Fields(Line);
-    for (std::string Field; std::getline(Fields, Field, ',');) Row.push_back(Field);
-  }
-  EXPECT_FALSE(Rows.empty()) << Name;
-  return Rows;
-}
-
-double Number(const std::string& Text) {
-  double Value = 0;
-  std::from_chars(Text.data(), Text.data() + Text.size(), Value);
-  return Value;
-}
-
-int32_t Integer(const std::string& Text) { return static_cast<int32_t>(Number(Text)); }
-
-TCalibration Load(const std::string& Map, TCalibModel Model) {
-  TCalibration C;
-  C.SetModel(Model);
-  if (Model == cmParabolicIp) {
-    for (const TRow& Row : ReadCsv(Map + ".lines.csv")) {
-      C.AddCalibPoint(
-          Row[0] == "parallel" ? TGratLineKind::gtlParallel : TGratLineKind::gtlMeridian,
-          Number(Row[1]), Integer(Row[2]), Integer(Row[3]));
-    }
-  } else if (Model == cmUTM) {
-    for (const TRow& Row : ReadCsv(Map + ".utm_points.csv")) {
-      const THemisphere Hemisphere =
-          Row[3] == "S" ? THemisphere::hemiSouth : THemisphere::hemiNorth;
-      C.SetUTMZone(Integer(Row[2]));
-      C.SetUTMHemisphere(Hemisphere);
-      C.AddCalibPoint(Number(Row[0]), Number(Row[1]), Integer(Row[2]), Hemisphere, Integer(Row[4]),
-                      Integer(Row[5]));
-    }
-  } else {
-    for (const TRow& Row : ReadCsv(Map + ".points.csv")) {
-      C.AddCalibPoint(Number(Row[0]), Number(Row[1]), Integer(Row[2]), Integer(Row[3]));
-    }
-  }
-  return C;
-}
+using test::Number;
+using test::ReadCsv;
+using test::TRow;
 
 // Rounding to whole pixels alone makes 0.29 pixels along each axis before the fit takes its share.
 TEST(Samples, EachMapFitsItsModel) {
@@ -84,7 +36,7 @@ TEST(Samples, EachMapFitsItsModel) {
                {"iberia_bonne", cmBiquadraticPn, 0.55},
                {"iberia_bonne", cmParabolicIp, 0.45}};
   for (const auto& Case : Cases) {
-    const TCalibration C = Load(Case.Map, Case.Model);
+    const TCalibration C = test::LoadSample(Case.Map, Case.Model);
     double SumX = 0, SumY = 0, SumGeo = 0;
     const auto Rows = ReadCsv(std::string(Case.Map) + ".points.csv");
     for (const TRow& Row : Rows) {
@@ -131,12 +83,13 @@ TEST(Samples, AlpsAgreeWithGeographicLibEverywhere) {
     X0 += (Number(Row[2]) - U) / static_cast<double>(Rows.size());
     Y0 += (Number(Row[3]) - V) / static_cast<double>(Rows.size());
   }
-  TCalibration C = Load("alps_utm32n", cmUTM);
+  TCalibration C = test::LoadSample("alps_utm32n", cmUTM);
   C.SetImageSize(1613, 1552);
   C.RecalcCalibration();
   double Worst = 0;
-  for (double Lat = 44.6; Lat < 48.2; Lat += 0.19) {
-    for (double Long = 6.2; Long < 11.9; Long += 0.23) {
+  for (int I = 0; I < 19; ++I) {
+    for (int J = 0; J < 25; ++J) {
+      const double Lat = 44.6 + 0.19 * I, Long = 6.2 + 0.23 * J;
       ASSERT_TRUE(C.IsPositionWithinMap(Lat, Long)) << Lat << " " << Long;
       const auto [U, V] = Sheet(Lat, Long);
       double X = 0, Y = 0;
