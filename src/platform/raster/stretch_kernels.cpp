@@ -115,22 +115,23 @@ ZAV_SIMD_CLONES void HalveRows(uint32_t* __restrict Dest, const uint32_t* __rest
 
 TRowResampler::TRowResampler(const TTaps& Taps) : FTaps(Taps) {
   if (!Taps.Narrow()) return;
-  int32_t Most = 1;
-  for (const TTaps::TRun& Run : Taps.Runs()) Most = std::max(Most, Run.Count);
-  FPairs = (static_cast<size_t>(Most) + 1) / 2;
+  int32_t Loaded = 2;  // pixels that are read for a target pixel, an even number
+  for (const TTaps::TRun& Run : Taps.Runs()) {
+    Loaded = std::max(Loaded, Run.Count + Run.Count % 2);
+  }
+  FPairs = static_cast<size_t>(Loaded) / 2;
   FSources.reserve(Count());
   FWeights.resize(Count() * FPairs);
   size_t Next = 0;
   for (const TTaps::TRun& Run : Taps.Runs()) {
     // A run shorter than the longest is moved back rather than read beyond the row's end.
-    const int32_t Spare = std::max(Run.Source + static_cast<int32_t>(2 * FPairs) -
-                                       Taps.SourceCount() - static_cast<int32_t>(Padding),
-                                   0);
+    const int32_t Spare =
+        std::max(Run.Source + Loaded - Taps.SourceCount() - static_cast<int32_t>(Padding), 0);
     const int32_t First = std::max(Run.Source - Spare, 0);
     FSources.push_back(static_cast<size_t>(First) * 4);
-    for (int32_t J = 0; J < Run.Count; ++J) {
-      const size_t Tap = static_cast<size_t>(Run.Source - First + J);
-      uint16_t* Weights = FWeights[Next + Tap / 2].Weights + Tap % 2 * 4;
+    size_t Pixel = static_cast<size_t>(Run.Source - First);
+    for (int32_t J = 0; J < Run.Count; ++J, ++Pixel) {
+      uint16_t* Weights = FWeights[Next + Pixel / 2].Weights + Pixel % 2 * 4;
       std::fill_n(Weights, 4, Taps.Weights(Run)[J]);
     }
     Next += FPairs;
