@@ -1,6 +1,9 @@
 // map_test.cpp - zavgeo map on the sample maps: conversions, pictures, other locales.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
+#include <platform/codec/image_file.h>
+
+#include <QImage>
 
 #include "run_program.h"
 
@@ -66,6 +69,83 @@ TEST(CliMap, WhatCannotBeConverted) {
       RunProgram("map to-pixel " + Sample("australia_laea.xml"), "-26,135\n-80,-170\n");
   EXPECT_EQ(Far.Status, 0);
   EXPECT_NE(Far.Out.find(",true\n,,false\n"), std::string::npos) << Far.Out;
+}
+
+// The picture in the five bits a colour that maps are drawn with.
+uint32_t FiveBits(TColor Color) {
+  return RedOf(Color) >> 3U << 16U | GreenOf(Color) >> 3U << 8U | BlueOf(Color) >> 3U;
+}
+uint32_t FiveBits(const QImage& Picture, int X, int Y) {
+  const QRgb Pixel = Picture.pixel(X, Y);
+  return FiveBits(RgbColor(static_cast<uint8_t>(qRed(Pixel)), static_cast<uint8_t>(qGreen(Pixel)),
+                           static_cast<uint8_t>(qBlue(Pixel))));
+}
+
+TEST(CliRender, PicturesShowThePartAskedFor) {
+  const TTempFolder Folder;
+  const std::string Png = Folder / "map.png";
+  const TBitmap Image = LoadImageFile(Sample("iceland.bmp"), TImageKind::ikBmp);
+  const struct {
+    const char* Options;
+    int Width, Height;
+    TPoint Shift;  // from the picture to the image
+  } Cases[] = {
+      {"", 497, 408, {0, 0}},
+      {"--size 100x80 --center 65,-19", 100, 80, {198, 164}},
+      {"--size 150x60 --magnification 1", 150, 60, {0, 0}},
+  };
+  for (const auto& Case : Cases) {
+    SCOPED_TRACE(Case.Options);
+    const TRun Run =
+        RunProgram("map render " + Sample("iceland.xml") + " -o " + Png + " " + Case.Options);
+    ASSERT_EQ(Run.Status, 0) << Run.Err;
+    const QImage Picture(QString::fromStdString(Png));
+    ASSERT_EQ(Picture.width(), Case.Width);
+    ASSERT_EQ(Picture.height(), Case.Height);
+    int Wrong = 0;
+    for (int Y = 0; Y < Case.Height; ++Y)
+      for (int X = 0; X < Case.Width; ++X)
+        Wrong +=
+            FiveBits(Picture, X, Y) != FiveBits(Image.Pixel(X + Case.Shift.X, Y + Case.Shift.Y));
+    EXPECT_EQ(Wrong, 0);
+  }
+  // Fitted in, with its graticule: the 65th parallel passes through its control point's row.
+  RunProgram("map render --size 994x816 --graticule lines " + Sample("iceland.xml") + " -o " + Png);
+  const QImage Picture(QString::fromStdString(Png));
+  const auto Rows = DataRows(RunProgram("map to-pixel " + Sample("iceland.xml"), "65,-20.5\n").Out);
+  const int X = 2 * static_cast<int>(ToNumber(Rows[0][0]));
+  const int Y = 2 * static_cast<int>(ToNumber(Rows[0][1]));
+  EXPECT_EQ(FiveBits(Picture, X, Y), FiveBits(clBlue));
+  EXPECT_NE(FiveBits(Picture, X, Y + 5), FiveBits(clBlue));
+}
+
+TEST(CliRender, WhatCannotBeDrawn) {
+  const TTempFolder Folder;
+  const std::string Png = Folder / "map.png";
+  std::filesystem::copy(Sample("iceland.xml"), Folder / "alone.xml");
+  const std::string Iceland = Sample("iceland.xml") + " -o " + Png;
+  const struct {
+    std::string Arguments;
+    int Status;
+    const char* Message;
+  } Cases[] = {
+      {Iceland + " --size 100", 2, "AxB"},
+      {Iceland + " --size 0x50", 2, "--size"},
+      {Iceland + " --size 99999x50", 2, "--size"},
+      {Iceland + " --center 95,0", 2, "--center"},
+      {Iceland + " --magnification 0", 2, "--magnification"},
+      {Iceland + " --magnification 2 --fit", 2, "--fit"},
+      {Iceland + " --graticule hexagons", 2, "hexagons"},
+      {Iceland + " --center 10,10", 1, "outside the map"},
+      {(Folder / "alone.xml") + " -o " + Png, 1, "iceland.bmp was not found"},
+      {Sample("iceland.xml") + " -o /nowhere/map.png", 1, "/nowhere/map.png"},
+  };
+  for (const auto& Case : Cases) {
+    const TRun Run = RunProgram("map render " + Case.Arguments);
+    EXPECT_EQ(Run.Status, Case.Status) << Case.Arguments;
+    EXPECT_NE(Run.Err.find(Case.Message), std::string::npos) << Case.Arguments << Run.Err;
+  }
+  EXPECT_EQ(Folder.Names(), std::vector<std::string>{"alone.xml"});
 }
 
 TEST(CliMap, LocalesChangeNothing) {
