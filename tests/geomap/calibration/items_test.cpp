@@ -258,7 +258,7 @@ TEST(CalibItems, CornersAndResolution) {
     double Metres;                   // of the middle row, the equator
   } Cases[] = {{0.25, 90 * Metres},  // a quarter
                {0.75, 90 * Metres + 20037077.944595702},
-               {1.25, 90 * Metres + 40074155.889191404}};
+               {1.1, 36 * Metres + 40074155.889191404}};
   for (const auto& Case : Cases) {
     TCalibration C = With(cmEquiRect);
     const double D = Case.DegreesAPixel;

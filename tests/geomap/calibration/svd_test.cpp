@@ -52,13 +52,19 @@ TEST(Svd, TooLowRankHasSolutionOfLeastNorm) {
   // One equation; two equal ones; three in one direction; a zero column.
   const struct {
     int Columns, Rows;
-    double A[12];
+    double A[16];
     double Want[4];
     double B[4];
   } Cases[] = {{3, 1, {1, 2, 2}, {1, 2, 2}, {9}},
                {2, 2, {3, 4, 3, 4}, {0.6, 0.8}, {5, 5}},
                {3, 3, {1, 1, 0, 2, 2, 0, 3, 3, 0}, {0.5, 0.5, 0}, {1, 2, 3}},
-               {3, 4, {1, 0, 1, 1, 0, 2, 1, 0, 3, 1, 0, 4}, {10, 0, -2}, {8, 6, 4, 2}}};
+               {3, 4, {1, 0, 1, 1, 0, 2, 1, 0, 3, 1, 0, 4}, {10, 0, -2}, {8, 6, 4, 2}},
+               // bidiagonal, with a zero that must be rotated out through two rows
+               {4,
+                4,
+                {1, 1, 0, 0, 0, 0, 1, 0, 0, 0, 1, 1, 0, 0, 0, 1},
+                {1, 1, 4 / 3.0, 10 / 3.0},
+                {2, 1, 5, 3}}};
   for (const auto& Case : Cases) {
     TMatrix A(Case.Columns, Case.Rows);
     TVector B(Case.Rows);
