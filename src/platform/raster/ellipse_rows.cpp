@@ -8,22 +8,25 @@ namespace zav {
 
 namespace {
 
-using TSquare = unsigned __int128;
-
-TSquare Square(uint64_t V) { return static_cast<TSquare>(V) * V; }
-
-// The largest X <= W with (X/W)^2 + (Y/H)^2 <= 1, exactly. W, H < 2^32, Y <= H.
-uint64_t LargestInside(uint64_t W, uint64_t H, uint64_t Y) {
-  if (Y == 0) return W;
-  const auto Inside = [&](uint64_t X) {
-    return Square(X) * Square(H) <= Square(W) * (Square(H) - Square(Y));
-  };
+// The largest X <= W with (X/W)^2 + (Y/H)^2 <= 1, exactly. Y <= H; TSquare holds W^2 * H^2.
+template <class TSquare>
+uint64_t LargestInside(TSquare W, TSquare H, TSquare Y) {
+  if (Y == 0) return static_cast<uint64_t>(W);
+  const TSquare Height = H * H;
+  const TSquare Most = W * W * (Height - Y * Y);
+  const auto Inside = [&](TSquare X) { return X * X * Height <= Most; };
   const double Root = std::sqrt(static_cast<double>(H - Y) * static_cast<double>(H + Y));
-  uint64_t X =
-      std::min(static_cast<uint64_t>(static_cast<double>(W) * Root / static_cast<double>(H)), W);
+  TSquare X =
+      std::min(static_cast<TSquare>(static_cast<double>(W) * Root / static_cast<double>(H)), W);
   while (X > 0 && !Inside(X)) --X;
   while (X < W && Inside(X + 1)) ++X;
-  return X;
+  return static_cast<uint64_t>(X);
+}
+
+uint64_t LargestInside(uint64_t W, uint64_t H, uint64_t Y) {
+  using TLong = unsigned __int128;
+  if (std::max(W, H) < 0x10000U) return LargestInside<uint64_t>(W, H, Y);
+  return LargestInside<TLong>(W, H, Y);
 }
 
 }  // namespace

@@ -2,12 +2,13 @@
 #include "platform/raster/lines.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <limits>
 #include <vector>
 
-#include "platform/raster/ellipse_rows.h"
+#include "platform/raster/pen_tip.h"
 #include "platform/raster/pixel.h"
 
 namespace zav {
@@ -98,8 +99,9 @@ void ForEachPixel(const TLineSteps& Line, TPut&& Put) {
 }
 
 // The loop that draws nearly everything: one address, one error term, no branch but the loop's.
-template <class TPixel, bool Xor>
-void PutPixels(TBitmap& Target, const TLineSteps& Line, TPixel Ink) noexcept {
+// Calls Put with the address of each visible pixel, which must lie in the bitmap.
+template <class TPixel, class TPut>
+void ForEachAddress(TBitmap& Target, const TLineSteps& Line, TPut&& Put) noexcept {
   const ptrdiff_t Stride = static_cast<ptrdiff_t>(Target.Stride());
   const ptrdiff_t Size = static_cast<ptrdiff_t>(sizeof(TPixel));
   const ptrdiff_t Major = Line.MajorX * Size + Line.MajorY * Stride;
@@ -110,12 +112,7 @@ void PutPixels(TBitmap& Target, const TLineSteps& Line, TPixel Ink) noexcept {
   int64_t Error = static_cast<int64_t>(Line.Error);
   uint8_t* Address = Target.Row(static_cast<int32_t>(Line.Y)) + Line.X * Size;
   for (int64_t I = Line.Count;;) {
-    TPixel& Pixel = *reinterpret_cast<TPixel*>(Address);
-    if constexpr (Xor) {
-      Pixel.Xor(Ink);
-    } else {
-      Pixel = Ink;
-    }
+    Put(Address);
     // Left before the next address is formed, which may lie outside the bitmap.
     if (--I <= 0) break;
     // All ones when the limit is not reached. A mask and no branch, because the steps of a line
@@ -130,11 +127,36 @@ void DrawThin(TBitmap& Target, const TLineSteps& Line, const TInk& Ink) noexcept
   WithPixelOf(Target.PixelFormat(), [&](auto Kind) {
     using TPixel = decltype(Kind);
     const TPixel Value = TPixel::Of(Ink.Color);
+    const auto At = [](uint8_t* Address) { return reinterpret_cast<TPixel*>(Address); };
     if (Ink.Xor) {
-      PutPixels<TPixel, true>(Target, Line, Value);
+      ForEachAddress<TPixel>(Target, Line, [=](uint8_t* Address) { At(Address)->Xor(Value); });
     } else {
-      PutPixels<TPixel, false>(Target, Line, Value);
+      ForEachAddress<TPixel>(Target, Line, [=](uint8_t* Address) { *At(Address) = Value; });
     }
+  });
+}
+
+// The widest pen whose tip is put down whole at each pixel, which is the quickest for short lines.
+constexpr int32_t WidestStamp = 4;
+
+// The same pixels as of the trail of the tip. Every tip must lie in the bitmap.
+void DrawStamped(TBitmap& Target, const TLineSteps& Line, int32_t Width, TColor Color) {
+  static const std::array<std::vector<TTipRow>, WidestStamp + 1> Tips{TipOf(0), TipOf(1), TipOf(2),
+                                                                      TipOf(3), TipOf(4)};
+  WithPixelOf(Target.PixelFormat(), [&](auto Kind) {
+    using TPixel = decltype(Kind);
+    std::array<ptrdiff_t, WidestStamp * WidestStamp> Offsets{};
+    size_t Count = 0;
+    for (const TTipRow& Row : Tips[static_cast<size_t>(Width)]) {
+      for (int64_t X = Row.Left; X < Row.Right; ++X) {
+        Offsets[Count++] = Row.Y * static_cast<ptrdiff_t>(Target.Stride()) +
+                           X * static_cast<ptrdiff_t>(sizeof(TPixel));
+      }
+    }
+    const TPixel Value = TPixel::Of(Color);
+    ForEachAddress<TPixel>(Target, Line, [&](uint8_t* Address) {
+      for (size_t I = 0; I < Count; ++I) *reinterpret_cast<TPixel*>(Address + Offsets[I]) = Value;
+    });
   });
 }
 
@@ -142,58 +164,6 @@ bool DotIsOn(int64_t Phase, int32_t Width) {
   const int64_t Unit = DotLength * Width;
   return Phase % (2 * Unit) < Unit;
 }
-
-// The rows that a round brush covers as it is moved along a line. A brush is convex and a line
-// monotone, so each row is one run of pixels.
-class TBrushTrail {
- public:
-  explicit TBrushTrail(int32_t Width) {
-    const TEllipseRows Rows(Width, Width);
-    const int64_t Back = (Width - 1) / 2;
-    for (int32_t I = 0; I < Width; ++I) {
-      const auto [Left, Right] = Rows.Extent(I);
-      FBrush.push_back({I - Back, Left - Back, Right - Back});
-    }
-  }
-
-  // Makes room for the rows First..Last-1; the brush may reach beyond them.
-  void Start(int64_t First, int64_t Last) {
-    FTop = First;
-    FRuns.assign(static_cast<size_t>(std::max<int64_t>(Last - First, 0)), TRun{});
-  }
-
-  void Put(int64_t X, int64_t Y) {
-    for (const TBrushRow& Row : FBrush) {
-      const int64_t Index = Y + Row.Y - FTop;
-      if (Index < 0 || Index >= static_cast<int64_t>(FRuns.size())) continue;
-      TRun& Run = FRuns[static_cast<size_t>(Index)];
-      Run.Left = std::min(Run.Left, X + Row.Left);
-      Run.Right = std::max(Run.Right, X + Row.Right);
-    }
-  }
-
-  // Adds the rows covered since the last call.
-  void MoveTo(TSpans& Spans, const TRect& Clip) {
-    for (size_t I = 0; I < FRuns.size(); ++I) {
-      TRun& Run = FRuns[I];
-      if (Run.Left >= Run.Right) continue;
-      AddSpan(Spans, Clip, FTop + static_cast<int64_t>(I), Run.Left, Run.Right);
-      Run = {};
-    }
-  }
-
- private:
-  struct TRun {
-    int64_t Left = std::numeric_limits<int64_t>::max();
-    int64_t Right = std::numeric_limits<int64_t>::min();
-  };
-  struct TBrushRow {
-    int64_t Y, Left, Right;
-  };
-  std::vector<TBrushRow> FBrush;
-  std::vector<TRun> FRuns;
-  int64_t FTop = 0;
-};
 
 // A brush wider than this is cut down; it covers any screen or page many times.
 constexpr int32_t MaxPenWidth = 4096;
@@ -211,7 +181,11 @@ TRect Grown(const TRect& Area, int32_t By) {
 class TLineCollector {
  public:
   TLineCollector(const TPen& Pen, const TRect& Clip, int64_t Phase)
-      : FPen(Pen), FWidth(WidthOf(Pen)), FClip(Clip), FTrail(FWidth), FPhase(Phase) {}
+      : FPen(Pen),
+        FWidth(WidthOf(Pen)),
+        FClip(Clip),
+        FTrail(FWidth > 1 ? FWidth : 0),
+        FPhase(Phase) {}
 
   void Add(TPoint From, TPoint To) {
     if (FPen.Style == TPenStyle::psClear) return;
@@ -257,7 +231,7 @@ class TLineCollector {
   TPen FPen;
   int32_t FWidth;
   TRect FClip;
-  TBrushTrail FTrail;
+  TTipTrail FTrail;
   int64_t FPhase;
   TSpans FSpans;
 };
@@ -278,10 +252,22 @@ TRect BoundsOf(const TBitmap& Target) { return {0, 0, Target.Width(), Target.Hei
 TInk InkOf(const TPen& Pen) { return {Pen.Color, Pen.Mode == TPenMode::pmXor}; }
 
 // Kept out of DrawLine, whose common case must stay small.
-[[gnu::noinline]] void DrawCollected(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen,
+[[gnu::noinline]] void DrawOtherLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen,
                                      int64_t& Phase) {
   if (Pen.Style == TPenStyle::psClear) return;
-  TLineCollector Collector(Pen, BoundsOf(Target), Phase);
+  const TRect Bounds = BoundsOf(Target);
+  const bool Plain = Pen.Style == TPenStyle::psSolid && Pen.Mode == TPenMode::pmCopy;
+  if (Plain && Pen.Width <= WidestStamp) {
+    const TRect Inner = {WidestStamp, WidestStamp, Bounds.Right - WidestStamp,
+                         Bounds.Bottom - WidestStamp};
+    if (Contains(Inner, From) && Contains(Inner, To)) {
+      const TLineSteps Line = StepsOfLine(From, To, Bounds);
+      Phase += Line.Length;
+      if (Line.Count > 0) DrawStamped(Target, Line, Pen.Width, Pen.Color);
+      return;
+    }
+  }
+  TLineCollector Collector(Pen, Bounds, Phase);
   Collector.Add(From, To);
   Phase = Collector.Phase();
   // Wide dots may touch each other, so they are merged before they invert.
@@ -324,7 +310,7 @@ TLineSteps StepsOfLine(TPoint From, TPoint To, const TRect& Clip) noexcept {
 
 void DrawLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen, int64_t& Phase) {
   if (Pen.Style != TPenStyle::psSolid || Pen.Width > 1) {
-    DrawCollected(Target, From, To, Pen, Phase);
+    DrawOtherLine(Target, From, To, Pen, Phase);
     return;
   }
   const TLineSteps Line = StepsOfLine(From, To, BoundsOf(Target));
@@ -333,15 +319,13 @@ void DrawLine(TBitmap& Target, TPoint From, TPoint To, const TPen& Pen, int64_t&
 }
 
 void DrawPolyline(TBitmap& Target, std::span<const TPoint> Points, bool Closed, const TPen& Pen) {
-  const bool Simple = Pen.Style == TPenStyle::psSolid && Pen.Width <= 1 &&
-                      Pen.Mode == TPenMode::pmCopy && !(Closed && AllCoincide(Points));
-  if (Simple) {
-    int64_t Phase = 0;
-    ForEachLine(Points, Closed,
-                [&](TPoint From, TPoint To) { DrawLine(Target, From, To, Pen, Phase); });
-  } else {
+  if (Pen.Mode == TPenMode::pmXor || (Closed && AllCoincide(Points))) {
     FillSpans(Target, PolylineSpans(Points, Closed, Pen, BoundsOf(Target)), InkOf(Pen));
+    return;
   }
+  int64_t Phase = 0;
+  ForEachLine(Points, Closed,
+              [&](TPoint From, TPoint To) { DrawLine(Target, From, To, Pen, Phase); });
 }
 
 TSpans PolylineSpans(std::span<const TPoint> Points, bool Closed, const TPen& Pen,

@@ -49,41 +49,81 @@ bool HasRow(const TBox& Box, int64_t Y) {
   return Box.Width() > 0 && Y >= Box.Top && Y < Box.Bottom;
 }
 
-TShapeRow RectangleRow(const TOutline& Shape, int64_t Y) {
-  const TBox& Outer = Shape.Outer;
-  if (!HasRow(Shape.Inner, Y)) return {Outer.Left, Outer.Right, Outer.Right, Outer.Right};
-  return {Outer.Left, Shape.Inner.Left, Shape.Inner.Right, Outer.Right};
-}
+class TRectangleShape {
+ public:
+  explicit TRectangleShape(const TOutline& Shape) : FShape(Shape) {}
 
-// The pixels of a row from the left side of the coordinate system.
-TEllipseRows::TExtent EllipseExtent(const TBox& Box, int64_t Y) {
-  const auto Extent = TEllipseRows(Box.Width(), Box.Height()).Extent(Y - Box.Top);
-  return {Extent.Left + Box.Left, Extent.Right + Box.Left};
-}
+  TShapeRow operator()(int64_t Y) const {
+    const TBox& Outer = FShape.Outer;
+    if (!HasRow(FShape.Inner, Y)) return {Outer.Left, Outer.Right, Outer.Right, Outer.Right};
+    return {Outer.Left, FShape.Inner.Left, FShape.Inner.Right, Outer.Right};
+  }
 
-TShapeRow EllipseRow(const TOutline& Shape, int64_t Y) {
-  const auto [Left, Right] = EllipseExtent(Shape.Outer, Y);
-  if (Shape.None) return {Left, Left, Right, Right};
-  if (!Shape.Thin) {
-    if (!HasRow(Shape.Inner, Y)) return {Left, Right, Right, Right};
-    const auto [InnerLeft, InnerRight] = EllipseExtent(Shape.Inner, Y);
+ private:
+  TOutline FShape;
+};
+
+// The extents of an ellipse in coordinates of the bitmap. Each row is asked for up to three times
+// in a row, so the last few are kept.
+class TEllipse {
+ public:
+  explicit TEllipse(const TBox& Box) : FBox(Box), FRows(Box.Width(), Box.Height()) {}
+
+  TEllipseRows::TExtent Extent(int64_t Y) {
+    TKept& Kept = FKept[static_cast<size_t>((Y - FBox.Top) & 1)];
+    if (Kept.Y != Y || !Kept.Valid) {
+      const auto Extent = FRows.Extent(Y - FBox.Top);
+      Kept = {true, Y, {Extent.Left + FBox.Left, Extent.Right + FBox.Left}};
+    }
+    return Kept.Extent;
+  }
+
+ private:
+  struct TKept {
+    bool Valid = false;
+    int64_t Y = 0;
+    TEllipseRows::TExtent Extent{};
+  };
+  TBox FBox;
+  TEllipseRows FRows;
+  std::array<TKept, 2> FKept;
+};
+
+class TEllipseShape {
+ public:
+  explicit TEllipseShape(const TOutline& Shape)
+      : FShape(Shape), FOuter(Shape.Outer), FInner(Shape.Inner) {}
+
+  TShapeRow operator()(int64_t Y) {
+    const auto [Left, Right] = FOuter.Extent(Y);
+    if (FShape.None) return {Left, Left, Right, Right};
+    if (!FShape.Thin) {
+      if (!HasRow(FShape.Inner, Y)) return {Left, Right, Right, Right};
+      const auto [InnerLeft, InnerRight] = FInner.Extent(Y);
+      return {Left, InnerLeft, InnerRight, Right};
+    }
+    // Thin: the pixels with a neighbour outside, beside them or in the next row away from the
+    // centre.
+    const bool Upper = 2 * (Y - FShape.Outer.Top) < FShape.Outer.Height() - 1;
+    const int64_t Next = Upper ? Y - 1 : Y + 1;
+    if (!HasRow(FShape.Outer, Next)) return {Left, Right, Right, Right};
+    const auto [NextLeft, NextRight] = FOuter.Extent(Next);
+    const int64_t InnerLeft = std::max(Left + 1, NextLeft);
+    const int64_t InnerRight = std::min(Right - 1, NextRight);
+    if (InnerLeft >= InnerRight) return {Left, Right, Right, Right};
     return {Left, InnerLeft, InnerRight, Right};
   }
-  // Thin: the pixels with a neighbour outside, beside them or in the next row away from the centre.
-  const bool Upper = 2 * (Y - Shape.Outer.Top) < Shape.Outer.Height() - 1;
-  const int64_t Next = Upper ? Y - 1 : Y + 1;
-  if (!HasRow(Shape.Outer, Next)) return {Left, Right, Right, Right};
-  const auto [NextLeft, NextRight] = EllipseExtent(Shape.Outer, Next);
-  const int64_t InnerLeft = std::max(Left + 1, NextLeft);
-  const int64_t InnerRight = std::min(Right - 1, NextRight);
-  if (InnerLeft >= InnerRight) return {Left, Right, Right, Right};
-  return {Left, InnerLeft, InnerRight, Right};
-}
+
+ private:
+  TOutline FShape;
+  TEllipse FOuter;
+  TEllipse FInner;
+};
 
 // Paints the visible rows of a shape that has at most one run of fill in each.
-template <class TRowOf>
-void PaintRows(TBitmap& Target, const TOutline& Shape, const TPen& Pen, const TBrush& Brush,
-               TRowOf&& RowOf) {
+template <class TShape>
+void PaintRows(TBitmap& Target, const TOutline& Shape, const TPen& Pen, const TBrush& Brush) {
+  TShape RowOf(Shape);
   const bool Xor = Pen.Mode == TPenMode::pmXor;
   const int64_t Width = Target.Width();
   const auto Paint = [&](int64_t Y, int64_t Left, int64_t Right, const TInk& Ink) {
@@ -95,7 +135,7 @@ void PaintRows(TBitmap& Target, const TOutline& Shape, const TPen& Pen, const TB
   const int64_t First = std::max<int64_t>(Shape.Outer.Top, 0);
   const int64_t Last = std::min<int64_t>(Shape.Outer.Bottom, Target.Height());
   for (int64_t Y = First; Y < Last; ++Y) {
-    const TShapeRow Row = RowOf(Shape, Y);
+    const TShapeRow Row = RowOf(Y);
     if (!Shape.None) {
       Paint(Y, Row.Left, Row.InnerLeft, {Pen.Color, Xor});
       Paint(Y, Row.InnerRight, Row.Right, {Pen.Color, Xor});
@@ -191,7 +231,7 @@ void DrawRectangle(TBitmap& Target, const TRect& Box, const TPen& Pen, const TBr
   const TOutline Shape = OutlineOf(Area, Pen);
   if (Pen.Style == TPenStyle::psDot) {
     // The fill ends where it does within a solid outline, so that the gaps show what was there.
-    PaintRows(Target, {Shape.Inner, Shape.Inner, true, false}, Pen, Brush, RectangleRow);
+    PaintRows<TRectangleShape>(Target, {Shape.Inner, Shape.Inner, true, false}, Pen, Brush);
     // The brush of the outline reaches the sides of the box and not beyond.
     const int64_t Width = std::max(Pen.Width, 1);
     const int64_t Before = (Width - 1) / 2;
@@ -204,13 +244,13 @@ void DrawRectangle(TBitmap& Target, const TRect& Box, const TPen& Pen, const TBr
     DrawPolyline(Target, Corners, true, Pen);
     return;
   }
-  PaintRows(Target, Shape, Pen, Brush, RectangleRow);
+  PaintRows<TRectangleShape>(Target, Shape, Pen, Brush);
 }
 
 void DrawEllipse(TBitmap& Target, const TRect& Box, const TPen& Pen, const TBrush& Brush) {
   const TBox Area = Ordered(Box);
   if (Area.Width() == 0 || Area.Height() == 0) return;
-  PaintRows(Target, OutlineOf(Area, Pen), Pen, Brush, EllipseRow);
+  PaintRows<TEllipseShape>(Target, OutlineOf(Area, Pen), Pen, Brush);
 }
 
 void DrawPolygon(TBitmap& Target, std::span<const TPoint> Points, const TPen& Pen,

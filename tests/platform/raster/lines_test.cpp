@@ -143,6 +143,29 @@ TEST(Lines, WidePensDoubleStraightLines) {
   EXPECT_EQ(AsText(Dot), ".......\n..###..\n.#####.\n.#####.\n.#####.\n..###..\n.......\n");
 }
 
+// A wide line in the middle of a larger bitmap and the same line cut by the sides of a small one.
+TEST(Lines, WidePensAreTheSameUnderClipping) {
+  TRandom Random(13);
+  constexpr int32_t Margin = 100;
+  for (int32_t Round = 0; Round < 4000; ++Round) {
+    TPen Pen{.Color = clWhite, .Width = Random.Whole(2, 7)};
+    if (Round % 4 == 0) Pen.Style = TPenStyle::psDot;
+    std::vector<TPoint> Points(3);
+    for (TPoint& P : Points) P = {Random.Whole(-60, 90), Random.Whole(-60, 90)};
+    TDrawing Small;
+    Small.Canvas.Pen = Pen;
+    Small.Canvas.Polyline(Points);
+    TBitmap Large(Width + 2 * Margin, Height + 2 * Margin, TPixelFormat::pf15bit);
+    TRasterCanvas Canvas(Large);
+    Canvas.Pen = Pen;
+    for (TPoint& P : Points) P = {P.X + Margin, P.Y + Margin};
+    Canvas.Polyline(Points);
+    TDrawing Middle;
+    Middle.Canvas.CopyRect(0, 0, Large, {Margin, Margin, Margin + Width, Margin + Height});
+    ASSERT_EQ(AsText(Small.Bitmap), AsText(Middle.Bitmap)) << "round " << Round;
+  }
+}
+
 // On black, exclusive-or of every pixel once is the same as drawing; on anything, twice restores.
 TEST(Lines, ExclusiveOrTouchesEachPixelOnce) {
   TRandom Random(5);
