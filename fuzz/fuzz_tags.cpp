@@ -27,8 +27,8 @@ void ScanValue(const std::string& Value) {
   Require(inside(pos));
   const double number = zav::ScanFloat(Value, true, 3, pos = 1);
   Require(inside(pos) && std::isfinite(number));
-  const double again = zav::ScanFloat(zav::ShortestNumber(number), true, 1, pos = 1);
-  Require(again == number);
+  pos = 1;
+  Require(zav::ScanFloat(zav::ShortestNumber(number), true, 1, pos) == number);
   Require(zav::SameText(zav::LowerCase(Value), Value));
 }
 

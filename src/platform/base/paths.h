@@ -38,8 +38,8 @@ bool FileExists(const std::string& Path);
 // exact one and then the first in byte order wins. Empty when there is no such file.
 std::string ResolveFile(const std::string& Path);
 
-// The same for a file that is named in another one: as given, then in the folder of BesideFile,
-// then there by its bare name.
+// The same for a file that is named in another one: under the name as it stands, then in the folder
+// of BesideFile, then there by its bare name.
 std::string ResolveFile(const std::string& Path, const std::string& BesideFile);
 
 }  // namespace zav

@@ -223,7 +223,8 @@ TEST(DateTime, CountsDaysFromTheEndOf1899) {
     EXPECT_EQ(encoded, value);
     EXPECT_EQ(DecodeDateTime(value), parts) << value;
   }
-  for (double day = -693593; day < 2958466; day += 1234.56789) {
+  for (int i = 0; i < 2958; ++i) {
+    const double day = -693593 + i * 1234.56789;
     double encoded = 0;
     EXPECT_TRUE(EncodeDateTime(DecodeDateTime(day), encoded));
     EXPECT_NEAR(encoded, day, 0.5001 / 86400);
