@@ -2,18 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include <platform/qt/geo_map_widget.h>
 
+#include <cmath>
 #include <exception>
+#include <utility>
 
 #include <QEvent>
 #include <QImage>
-#include <QMetaObject>
 #include <QNativeGestureEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QResizeEvent>
-
-#include <cmath>
 
 #include <geomap/calibration/calib_file.h>
 #include <platform/base/paths.h>
@@ -151,7 +150,7 @@ void GeoMapWidget::ImageChanged(TGeoMap& /*Map*/) { Q_EMIT mapChanged(); }
 void GeoMapWidget::paintEvent(QPaintEvent* Event) {
   // No handler may run within a paint event, so the picture for another scale is drawn afterwards.
   if (Window().Scale() != devicePixelRatioF())
-    QMetaObject::invokeMethod(this, &GeoMapWidget::FollowScreen, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &GeoMapWidget::FollowScreen);
   QPainter Painter(this);
   Window().CopyTo(Painter, Event->region());
 }

@@ -45,7 +45,7 @@ void LoadShippedFonts() {
 }
 
 QString FamilyFor(const std::string& Name) {
-  const QString Family = QString::fromStdString(Name);
+  QString Family = QString::fromStdString(Name);
   const bool Substituted = Family.compare(QLatin1String("MS Sans Serif"), Qt::CaseInsensitive) == 0;
   if (Substituted || Family.isEmpty() || !QFontDatabase::hasFamily(Family))
     return QString::fromLatin1(ShippedFamily);

@@ -16,10 +16,10 @@ namespace {
 
 std::string Picture(const TTextMask& Mask) {
   std::string Lines;
-  for (int32_t Y = 0; Y < Mask.Height; ++Y) {
-    for (int32_t X = 0; X < Mask.Width; ++X)
-      Lines += Mask.Coverage[static_cast<size_t>(Y * Mask.Width + X)] != 0 ? '#' : '.';
-    Lines += '\n';
+  for (const uint8_t Value : Mask.Coverage) {
+    Lines += Value != 0 ? '#' : '.';
+    if (Lines.size() % static_cast<size_t>(Mask.Width + 1) == static_cast<size_t>(Mask.Width))
+      Lines += '\n';
   }
   return Lines;
 }
