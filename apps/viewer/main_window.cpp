@@ -92,14 +92,21 @@ QString MainWindow::openAll(const QStringList& Paths) {
   return report(Problem);
 }
 
-// Shows the list, and the first map of it that can be shown.
+// Shows the list, and the first map of it that can be shown. Some turn out to be damaged only then.
 QString MainWindow::openList(const QList<MapSource>& Sources) {
   if (Sources.isEmpty()) return {};
   FList->setSources(Sources);
   FDock->show();
-  for (const MapSource& Source : Sources)
-    if (Source.Problem.isEmpty()) return showMap(Source);
-  return report(Sources.constFirst().Problem);
+  QString FirstProblem;
+  for (const MapSource& Source : Sources) {
+    if (!Source.Problem.isEmpty()) continue;
+    const QString Problem = showMap(Source);
+    if (Problem.isEmpty()) break;
+    FList->setProblem(Source.Path, Problem);
+    if (FirstProblem.isEmpty()) FirstProblem = Problem;
+  }
+  if (!FShown && FirstProblem.isEmpty()) FirstProblem = Sources.constFirst().Problem;
+  return FirstProblem.isEmpty() ? QString() : report(FirstProblem);
 }
 
 QString MainWindow::showMap(const MapSource& Source) {

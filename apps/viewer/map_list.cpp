@@ -44,10 +44,11 @@ int MapList::rowOf(const QString& Path) const {
   return -1;
 }
 
-QString MapList::firstUsable() const {
-  for (const MapSource& Source : FSources)
-    if (Source.Problem.isEmpty()) return Source.Path;
-  return {};
+void MapList::setProblem(const QString& Path, const QString& Problem) {
+  const int Row = rowOf(Path);
+  if (Row < 0) return;
+  FSources[Row].Problem = Problem;
+  emit dataChanged(index(Row), index(Row));
 }
 
 int MapList::rowCount(const QModelIndex& Parent) const {

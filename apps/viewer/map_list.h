@@ -22,8 +22,8 @@ class MapList final : public QAbstractListModel {
   void setSources(const QList<MapSource>& Sources);
   // The row of the map with this path, -1 when it is not in the list.
   int rowOf(const QString& Path) const;
-  // The first map that can be shown; empty when none can.
-  QString firstUsable() const;
+  // Notes what was found wrong with a map only when it was opened.
+  void setProblem(const QString& Path, const QString& Problem);
 
   int rowCount(const QModelIndex& Parent = {}) const override;
   QVariant data(const QModelIndex& Index, int DataRole) const override;

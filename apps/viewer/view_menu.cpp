@@ -51,9 +51,9 @@ void ViewMenu::addZoom() {
                         {QKeySequence(Qt::CTRL | Qt::Key_Minus)});
   FWhole = addCommand(ViewerIcon::Fit, tr("&Whole Map"), tr("Show the whole map"),
                       {QKeySequence(Qt::CTRL | Qt::Key_0)});
-  FActualSize = addCommand(ViewerIcon::ActualSize, tr("&Actual Size"),
-                           tr("One screen pixel for each pixel of the map"),
-                           {QKeySequence(Qt::CTRL | Qt::Key_1)});
+  FActualSize =
+      addCommand(ViewerIcon::ActualSize, tr("&Actual Size"),
+                 tr("Show the map at its own size, 100 %"), {QKeySequence(Qt::CTRL | Qt::Key_1)});
   connect(FZoomIn, &QAction::triggered, &FWidget, &GeoMapWidget::zoomIn);
   connect(FZoomOut, &QAction::triggered, &FWidget, &GeoMapWidget::zoomOut);
   connect(FWhole, &QAction::triggered, this, [this] {
@@ -156,10 +156,14 @@ void ViewMenu::tidy() {
 }
 
 void ViewMenu::resized() {
+  const bool OnlyView = !FHistory.canGoBack() && !FHistory.canGoForward();
   if (FFittedLargest > 0 && FMap.View() == FFitted)
     showFitted(FFittedLargest);
   else
     tidy();
+  // It is still the view that the map was opened with.
+  if (OnlyView) FHistory.restart();
+  updateActions();
 }
 
 void ViewMenu::ViewChanged(TGeoMap&) {

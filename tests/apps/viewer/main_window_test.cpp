@@ -19,7 +19,7 @@
 
 #include <platform/qt/geo_map_widget.h>
 
-#include "graticule_menu.h"
+#include "icons.h"
 #include "readout_button.h"
 #include "viewer_test_support.h"
 
@@ -79,6 +79,7 @@ TEST_F(MainWindowTest, ShowsTheWholeMapAndReadsPositions) {
   FWindow->resize(1100, 900);
   QTest::qWait(1);
   EXPECT_NEAR(Map().Magnification(), Widget().height() / 1552.0, 1e-9);
+  EXPECT_FALSE(Action("View Before")->isEnabled());
 
   // The graticule crossing of 48 north, 7 east is at pixel 279, 169 of the scan.
   Action("Actual Size")->trigger();
@@ -249,6 +250,14 @@ TEST_F(MainWindowTest, ListsFoldersTakesDropsAndRemembers) {
                     View.visualRect(View.model()->index(0, 0)).center());
   EXPECT_TRUE(FWindow->message().contains("lost.jpg"));
 
+  // A picture that is damaged inside is found out when it is opened; the next one is shown.
+  QFile Jpeg(Sample("gotthard_utm32n.jpg"));
+  ASSERT_TRUE(Jpeg.open(QIODevice::ReadOnly));
+  FFolder.write("a cut.jpg", Jpeg.readAll().left(60000));
+  EXPECT_TRUE(FWindow->openAll({FFolder.Dir.path()}).contains("a cut.jpg"));
+  EXPECT_TRUE(FWindow->windowTitle().contains("B Sicily"));
+  EXPECT_TRUE(FWindow->message().contains("a cut.jpg"));
+
   Action("Points and Lines")->trigger();
   Action("Etched")->trigger();
   Action("Smooth Scaling")->setChecked(false);
@@ -260,6 +269,25 @@ TEST_F(MainWindowTest, ListsFoldersTakesDropsAndRemembers) {
   EXPECT_FALSE(Widget().antiAlias());
   EXPECT_EQ(Readout().format(), ReadoutFormat::Utm);
   EXPECT_EQ(FSettings->value("recentFiles").toStringList(), QStringList{FFolder.Dir.path()});
+}
+
+TEST_F(MainWindowTest, IconsShowOnDarkThemes) {
+  const QPalette Before = QApplication::palette();
+  const auto Lightest = [] {
+    const QImage Picture = MakeIcon(ViewerIcon::ZoomIn).pixmap(24, 24).toImage();
+    int Value = 0;
+    for (int Y = 0; Y < 24; ++Y)
+      for (int X = 0; X < 24; ++X)
+        if (Picture.pixelColor(X, Y).alpha() > 200)
+          Value = std::max(Value, Picture.pixelColor(X, Y).value());
+    return Value;
+  };
+  EXPECT_LT(Lightest(), 100);
+  QPalette Dark = Before;
+  Dark.setColor(QPalette::ButtonText, Qt::white);
+  QApplication::setPalette(Dark);
+  EXPECT_GT(Lightest(), 200);
+  QApplication::setPalette(Before);
 }
 
 }  // namespace
