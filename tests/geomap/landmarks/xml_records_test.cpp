@@ -189,7 +189,7 @@ TEST(XmlRecords, FindsTheRootLine) {
 
   TMemoryStream stream = StreamOf(TwoSets);
   std::string line = "x";
-  EXPECT_FALSE(FindRootLine(stream, TXmlTag::GmLandmarks, "none", line));
+  EXPECT_FALSE(FindRootLine(stream, TXmlTag::GmLandmarks, "rger", line));
   EXPECT_EQ(line, "");
   stream.SetPosition(0);
   EXPECT_FALSE(FindRootLine(stream, TXmlTag::Geomap, "", line));

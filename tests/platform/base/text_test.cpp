@@ -152,6 +152,9 @@ TEST(Scan, Floats) {
   }
   int32_t pos = 4;
   EXPECT_EQ(ScanFloat("[1,22]", true, 1, pos), 22);
+  pos = 1;
+  EXPECT_EQ(ScanFloat("1e-" + std::string(400, '9'), true, 3, pos), 0);
+  EXPECT_EQ(pos, 404);
   // Beyond the range by digits before, and small by digits behind the point.
   pos = 1;
   EXPECT_EQ(ScanFloat(std::string(400, '9') + "e-10", true, 3, pos), Max);
