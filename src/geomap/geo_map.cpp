@@ -155,7 +155,7 @@ TSize TGeoMap::Render() {
     };
   };
   TRasterCanvas Canvas(*Picture, &Host().Fonts());
-  RenderMap(Now, FImage, Canvas,
+  RenderMap(Now, {FImage, FGraticule}, Canvas,
             {Hook(&TGeoMap::OnBeforeRenderData), Hook(&TGeoMap::OnDataRendered)});
   return Size;
 }

@@ -26,6 +26,7 @@
 #include <geomap/calibration/calibration.h>
 #include <geomap/errors.h>
 #include <geomap/landmarks/landmark.h>
+#include <geomap/view/graticule.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/map_look.h>
 #include <geomap/view/mouse_tools.h>
@@ -374,6 +375,7 @@ class TGeoMap : public TCustomControl {
   bool FConfinePan = true;
 
   TMapLook FLook;
+  TGraticule FGraticule;
   std::shared_ptr<TBitmap> FInternalMapImg;  // shared with a rendering under way
   bool FSuppressPaint = false;
   bool FPainting = false;

@@ -175,8 +175,12 @@ TCalibReadResult TGeoMap::LoadCalibration(const TReadCalibration& Read,
     if (!Result.HeaderFound) return Result;
     if (!CalibData().MapFName.empty()) LoadImage(CalibData().MapFName, BesideFile);
   } catch (...) {
-    // What was read before the error stays, and is shown.
-    if (!Alive.expired()) ReportCalibration();
+    // What was read before the error stays and is shown; an image that cannot be used does not keep
+    // the calibration from converting.
+    if (!Alive.expired()) {
+      if (Result.HeaderFound) FCalibration.FitModel();
+      ReportCalibration();
+    }
     throw;
   }
   if (Alive.expired()) return Result;

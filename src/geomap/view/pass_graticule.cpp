@@ -1,125 +1,20 @@
 // pass_graticule.cpp - parallels and meridians.
 // SPDX-License-Identifier: MIT
-#include <algorithm>
-#include <cmath>
-
-#include <geomap/view/line_series.h>
 #include <geomap/view/passes.h>
 
 namespace zav {
-namespace {
 
-// The area that the lines cross, from the map's corners.
-struct TExtent {
-  double South, North, West, East;
-};
-
-TExtent ExtentOf(const TCornerArray& C) {
-  return {std::min(C[gcoBottomLeft].Latit, C[gcoBottomRight].Latit),
-          std::max(C[gcoTopLeft].Latit, C[gcoTopRight].Latit),
-          std::min(C[gcoTopLeft].Longit, C[gcoBottomLeft].Longit),
-          std::max(C[gcoTopRight].Longit, C[gcoBottomRight].Longit)};
-}
-
-// Straight pieces a line, 0 for a model without a graticule, and the points that its fit needs more
-// than.
-struct TModelLines {
-  int Pieces = 0;
-  int32_t MorePointsThan = 0;
-};
-
-TModelLines LinesOf(TCalibModel Model) {
-  switch (Model) {
-    case TCalibModel::cmBiquadraticPn:
-      return {100, 5};
-    case TCalibModel::cmConicConformal:
-    case TCalibModel::cmMillerCylindrical:
-      return {100, 2};
-    case TCalibModel::cmEquiRect:
-    case TCalibModel::cmUTM:
-      return {10, 2};
-    case TCalibModel::cmParabolicIp:
-    case TCalibModel::cmUndefined:
-      break;
-  }
-  return {};
-}
-
-// Lines a degree. Without a distance the largest power of ten that is a degree or less and gives a
-// span at least one line; 0 for an area without a span.
-double LinesPerDegree(double Span, double GratLineDist) {
-  if (GratLineDist > 0) return 1 / GratLineDist;
-  double Factor = 1;
-  double Steps = std::fabs(Span);
-  if (!(Steps > 0)) return 0;
-  for (; Steps < 1; Steps *= 10) Factor *= 10;
-  return Factor;
-}
-
-// One family of lines. PositionAt(line's value, value along it) is the position of a point.
-template <typename TPositionAt>
-void DrawFamily(const TRenderScene& Scene, const TLineSeries& Series, int Pieces, double From,
-                double To, TPositionAt PositionAt, TCanvas& Device) {
-  const TCalibration& Calibration = Scene.Calibration;
+void DrawGraticule(const TRenderScene& Scene, TGraticule& Graticule, TCanvas& Device) {
+  if (!ShowsLines(Scene.Look.ShowGraticule)) return;
   const double Factor = Scene.View.Magnification * Scene.Scale;
-  const auto At = [&](double Index, int Piece) -> TCoords {
-    return PositionAt(Series.Value(Index), From + Piece * (To - From) / Pieces);
-  };
-  const auto Apart = [&](double A, double B) {
-    // The ends and three points between: neighbours that agree there agree to the eye.
-    for (int Quarter = 0; Quarter <= 4; ++Quarter) {
-      const int Piece = Pieces * Quarter / 4;
-      const TCoords PA = At(A, Piece);
-      const TCoords PB = At(B, Piece);
-      double XA = 0;
-      double YA = 0;
-      double XB = 0;
-      double YB = 0;
-      if (!Calibration.ToPixel(PA.Latit, PA.Longit, XA, YA)) continue;
-      if (!Calibration.ToPixel(PB.Latit, PB.Longit, XB, YB)) continue;
-      if (APixelApart(XA, YA, XB, YB, Factor)) return true;
-    }
-    return false;
-  };
-  TPolyline Line;
-  ForEachLine(Series, Apart, [&](double Index) {
-    Line.clear();
-    for (int Piece = 0; Piece <= Pieces; ++Piece) {
-      const TCoords Position = At(Index, Piece);
-      int32_t X = 0;
-      int32_t Y = 0;
-      Calibration.CalcPixelCoords(Position.Latit, Position.Longit, X, Y);
-      AddPoint(Line, Scene.ToDevice(X, Y));
-    }
-    Device.Polyline(Line);
-  });
-}
-
-}  // namespace
-
-void DrawGraticule(const TRenderScene& Scene, TCanvas& Device) {
-  const TCalibration& Calibration = Scene.Calibration;
-  const TModelLines Model = LinesOf(Calibration.Model());
-  if (!ShowsLines(Scene.Look.ShowGraticule) || Model.Pieces == 0) return;
-  if (Calibration.Data().NumCalQuads <= Model.MorePointsThan) return;
-
   Device.Pen = {Scene.Look.ColorGraticule, TPenStyle::psSolid, TPenMode::pmCopy, Scene.PenWidth()};
-  const TExtent Area = ExtentOf(Calibration.Data().Corners);
-  const double Dist = Scene.Look.GratLineDist;
-  DrawFamily(
-      Scene, MakeLineSeries(Area.South, Area.North, LinesPerDegree(Area.North - Area.South, Dist)),
-      Model.Pieces, Area.West, Area.East,
-      [](double Lat, double Long) -> TCoords {
-        return {Lat, Long};
-      },
-      Device);
-  DrawFamily(
-      Scene, MakeLineSeries(Area.West, Area.East, LinesPerDegree(Area.East - Area.West, Dist)),
-      Model.Pieces, Area.South, Area.North,
-      [](double Long, double Lat) -> TCoords {
-        return {Lat, Long};
-      },
-      Device);
+  TPolyline Line;
+  for (const TPolyline& Each :
+       Graticule.Lines(Scene.Calibration, Scene.Look.GratLineDist, Factor)) {
+    Line.clear();
+    for (const TPoint& P : Each) AddPoint(Line, Scene.ToDevice(P.X, P.Y));
+    Device.Polyline(Line);
+  }
 }
 
 }  // namespace zav

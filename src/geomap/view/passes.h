@@ -1,12 +1,12 @@
 // passes.h - the layers of a picture, each a function from a scene to calls of a canvas.
 //
-// The canvas counts device pixels. A pass sets all of pen and brush that it uses and leaves them;
-// it draws nothing when the scene does not ask for its layer. SPDX-License-Identifier: MIT
+// The canvas counts device pixels. A pass sets all of pen and brush that it uses and leaves them.
+// It draws nothing when the scene does not ask for its layer.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_VIEW_PASSES_H
 #define ZAV_GEOMAP_VIEW_PASSES_H
 
-#include <vector>
-
+#include <geomap/view/graticule.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/mouse_trace.h>
 #include <geomap/view/render_scene.h>
@@ -19,7 +19,7 @@ namespace zav {
 void DrawImage(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device);
 
 // Parallels and meridians of the models that are fitted to control points.
-void DrawGraticule(const TRenderScene& Scene, TCanvas& Device);
+void DrawGraticule(const TRenderScene& Scene, TGraticule& Graticule, TCanvas& Device);
 
 // cmParabolicIp: the calibration's own lines as parabolas, and the points digitised on them.
 void DrawCalibLines(const TRenderScene& Scene, TCanvas& Device);
@@ -36,13 +36,6 @@ void DrawMarker(const TRenderScene& Scene, TPoint Map, TCanvas& Device);
 // afterwards.
 void DrawTrace(const TMouseTrace& Trace, const TViewState& View, double Scale, TPoint Origin,
                TCanvas& Device);
-
-using TPolyline = std::vector<TPoint>;
-
-// Appends a point unless it is the last one again: no line, and no time spent on it.
-inline void AddPoint(TPolyline& Line, TPoint P) {
-  if (Line.empty() || Line.back() != P) Line.push_back(P);
-}
 
 inline bool ShowsPoints(TShowGrat Show) noexcept {
   return Show == TShowGrat::sgPoints || Show == TShowGrat::sgPointsAndLines;

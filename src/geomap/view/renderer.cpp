@@ -29,11 +29,11 @@ void DrawMapFrame(const TRenderScene& Scene, TCanvas& Control) {
             Look.ColorFrameLight, clSilver, Look.ColorFrameShadow, Look.ColorFrameDark, clBlack);
 }
 
-bool DrawMapLayers(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device, TCanvas& Control,
-                   const TRenderHooks& Hooks) {
-  DrawImage(Scene, Image, Device);
+bool DrawMapLayers(const TRenderScene& Scene, const TRenderStores& Stores, TCanvas& Device,
+                   TCanvas& Control, const TRenderHooks& Hooks) {
+  DrawImage(Scene, Stores.Image, Device);
   if (Hooks.BeforeData && !Hooks.BeforeData(Control)) return false;
-  DrawGraticule(Scene, Device);
+  DrawGraticule(Scene, Stores.Graticule, Device);
   DrawCalibLines(Scene, Device);
   DrawUTMGrid(Scene, Device);
   DrawMarkers(Scene, Device);
@@ -53,7 +53,7 @@ TSize TRenderScene::DeviceSize() const noexcept {
 
 int32_t TRenderScene::PenWidth() const noexcept { return std::max(RoundHalfEven(Scale), 1); }
 
-bool RenderMap(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device,
+bool RenderMap(const TRenderScene& Scene, const TRenderStores& Stores, TCanvas& Device,
                const TRenderHooks& Hooks) {
   TScaledCanvas Scaled(Device, Scene.Scale);
   TCanvas& Control = Scene.Scale == 1 ? Device : Scaled;
@@ -61,7 +61,7 @@ bool RenderMap(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device,
   if (!Scene.ShowMap) {
     DrawEmptyMessage(Scene, Device, Control);
   } else if (Scene.Visible) {
-    if (!DrawMapLayers(Scene, Image, Device, Control, Hooks)) return false;
+    if (!DrawMapLayers(Scene, Stores, Device, Control, Hooks)) return false;
   }
   DrawTrace(Scene.Trace, Scene.View, Scene.Scale, {0, 0}, Device);
   DrawMapFrame(Scene, Control);

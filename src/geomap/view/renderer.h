@@ -5,22 +5,29 @@
 
 #include <functional>
 
+#include <geomap/view/graticule.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/render_scene.h>
 #include <platform/host/canvas.h>
 
 namespace zav {
 
-// Called between the passes with a canvas in control pixels. False ends the picture at once; the
-// image is not touched after the first call.
+// What a control keeps from one picture to the next, so that panning is fast.
+struct TRenderStores {
+  TMapImage& Image;  // with its scaled cache
+  TGraticule& Graticule;
+};
+
+// Called between the passes with a canvas in control pixels. False ends the picture at once, and
+// the stores, which may be gone, are not touched again.
 struct TRenderHooks {
   std::function<bool(TCanvas&)> BeforeData;    // the map image is drawn
   std::function<bool(TCanvas&)> DataRendered;  // everything that belongs to the map is drawn
 };
 
-// Draws the scene on a canvas of device pixels that is at least Scene.DeviceSize() large. May make
-// or replace the image's scaled cache. True when the picture was finished.
-bool RenderMap(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device,
+// Draws the scene on a canvas of device pixels that is at least Scene.DeviceSize() large. True when
+// the picture was finished.
+bool RenderMap(const TRenderScene& Scene, const TRenderStores& Stores, TCanvas& Device,
                const TRenderHooks& Hooks);
 
 }  // namespace zav

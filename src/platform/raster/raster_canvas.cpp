@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/raster/raster_canvas.h"
 
+#include <cstddef>
+#include <cstring>
+
 #include "platform/raster/copy.h"
 #include "platform/raster/lines.h"
 #include "platform/raster/shapes.h"
@@ -33,8 +36,14 @@ void TRasterCanvas::Ellipse(int32_t X1, int32_t Y1, int32_t X2, int32_t Y2) {
 
 void TRasterCanvas::FillRect(const TRect& Area) {
   const TRect Visible = Intersection(Area, {0, 0, FTarget.Width(), FTarget.Height()});
-  for (int32_t Y = Visible.Top; Y < Visible.Bottom; ++Y) {
-    FillSpan(FTarget, {Y, Visible.Left, Visible.Right}, {Brush.Color, false});
+  if (Visible.Empty()) return;
+  FillSpan(FTarget, {Visible.Top, Visible.Left, Visible.Right}, {Brush.Color, false});
+  // Copying the first row is several times faster than filling each.
+  const auto PixelSize = static_cast<size_t>(BytesPerPixel(FTarget.PixelFormat()));
+  const size_t Offset = static_cast<size_t>(Visible.Left) * PixelSize;
+  const size_t Count = static_cast<size_t>(Visible.Width()) * PixelSize;
+  for (int32_t Y = Visible.Top + 1; Y < Visible.Bottom; ++Y) {
+    std::memcpy(FTarget.Row(Y) + Offset, FTarget.Row(Visible.Top) + Offset, Count);
   }
 }
 

@@ -136,7 +136,7 @@ TEST(GeoMap, ConsequenceOfEverySetter) {
        }},
   };
   for (const TRow& Row : Rows) {
-    TTestMap T(800, 600);
+    TTestMap T(300, 200);
     T.Map.SetCalibration(PlainQuads(54, 5, 10, {{0, 0}, {400, 0}, {0, 300}}),
                          TCalibModel::cmEquiRect);
     T.Seen = {};
@@ -369,7 +369,7 @@ TEST(GeoMap, HandlersMayDestroyTheControl) {
     void ImageChanged(TGeoMap&) override { At == 3 ? Kill() : void(); }
     void Painted(TGeoMap&) override { At == 4 ? Kill() : void(); }
   };
-  const TBitmap Image = PlaceBitmap(900, 700);
+  const TBitmap Image = PlaceBitmap(300, 250);
   using M = TGeoMap;
   const std::vector<std::function<void(M&)>> Operations = {
       [](M& m) { m.SetMapImgName(ZAVGEO_SAMPLES "/maps/iceland.bmp"); },
@@ -401,6 +401,7 @@ TEST(GeoMap, HandlersMayDestroyTheControl) {
       TTestHost Host;
       TKiller Killer;
       auto Map = std::make_unique<M>(nullptr, Host);
+      Map->SetSize(120, 110);
       Map->SetMapBitMap(Image);
       Map->SetView({50, 50}, 0.9);
       Killer.At = Way;

@@ -206,6 +206,13 @@ TEST(MapImage, CalibrationFileFindsImageBesideIt) {
   EXPECT_NEAR(Map.CalibData().Resolution, Saved.Resolution, 1e-3);
   EXPECT_TRUE(Map.IsPositionWithinMap(50, 10));
 
+  // With one that cannot be read: the error, and the calibration all the same.
+  Map.ClearCalibData();
+  std::ofstream(Folder / "große karte.bmp") << "damaged";
+  EXPECT_THROW(Map.LoadCalDataFromXML(Folder / "map.xml", ""), EInOutError);
+  std::filesystem::remove(Folder / "große karte.bmp");
+  EXPECT_NEAR(Map.CalcLatitude(0, 100, Valid), 44, 1e-4);
+
   // Another id: nothing changes. A file that does not exist.
   const TCalibData Before = Map.CalibData();
   T.Seen = {};

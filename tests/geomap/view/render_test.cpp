@@ -20,6 +20,7 @@ using enum TShowGrat;
 struct TPicture {
   TRenderScene Scene;
   TMapImage Image;
+  TGraticule Graticule;
   TRecordingCanvas Canvas;
 
   TPicture(TSize Map, TSize Control) {
@@ -33,7 +34,7 @@ struct TPicture {
   }
   const std::vector<std::string>& Draw() {
     Canvas = {};
-    RenderMap(Scene, Image, Canvas, {});
+    RenderMap(Scene, {Image, Graticule}, Canvas, {});
     return Canvas.Lines;
   }
   size_t CountWith(std::string_view Beginning, std::string_view End) {
@@ -76,7 +77,8 @@ TEST(Render, LayersAndHandlersInOrder) {
       return true;
     };
   };
-  ASSERT_TRUE(RenderMap(P.Scene, P.Image, P.Canvas, {Hook("-- before"), Hook("-- rendered")}));
+  ASSERT_TRUE(RenderMap(P.Scene, {P.Image, P.Graticule}, P.Canvas,
+                        {Hook("-- before"), Hook("-- rendered")}));
   std::string Order;
   for (const std::string& Line : P.Canvas.Lines) {
     std::string Item = Line.substr(0, Line.find(' '));
@@ -97,14 +99,15 @@ TEST(Render, LayersAndHandlersInOrder) {
 
   // A handler that ends the picture ends it at once.
   P.Canvas = {};
-  EXPECT_FALSE(RenderMap(P.Scene, P.Image, P.Canvas, {[](TCanvas&) { return false; }, nullptr}));
+  EXPECT_FALSE(RenderMap(P.Scene, {P.Image, P.Graticule}, P.Canvas,
+                         {[](TCanvas&) { return false; }, nullptr}));
   EXPECT_EQ(P.Canvas.Lines.size(), 1U);
 
   // Without a map: message, trace, frame, no handlers. Hidden: trace and frame only.
   P.Scene.ShowMap = false;
   P.Scene.Look.FrameStyle = TFrameStyle::fsNone;
   P.Canvas = {};
-  RenderMap(P.Scene, P.Image, P.Canvas, {Hook("-- before"), Hook("-- rendered")});
+  RenderMap(P.Scene, {P.Image, P.Graticule}, P.Canvas, {Hook("-- before"), Hook("-- rendered")});
   EXPECT_EQ(P.Canvas.Text(),
             "FillRect 0,0 200,100 brush C0C0C0\n"
             "TextOut 10,10 \"GeoMap: empty\" font MS Sans Serif 8 000000 brush C0C0C0\n"
@@ -180,9 +183,10 @@ TEST(Render, GraticuleSteps) {
       {34.7, 10, 7, 5, 8},    // 0, 7, 14, 21, 28; 0 to 49
       {34.7, 10, 60, 1, 1},
   };
+  // One after the other: lines that are kept must not outlive what they were made from.
+  TPicture P({500, 350}, {500, 350});
+  P.Scene.Look.ShowGraticule = sgLines;
   for (const TCase& Case : Cases) {
-    TPicture P({500, 350}, {500, 350});
-    P.Scene.Look.ShowGraticule = sgLines;
     P.Scene.Look.GratLineDist = Case.Dist;
     P.Scene.Calibration.SetData(
         PlainQuads(Case.North, 0.003, Case.PixelsPerDegree, {{0, 0}, {400, 0}, {0, 300}}),
@@ -199,10 +203,8 @@ TEST(Render, GraticuleSteps) {
   }
   // Where a line lies: latitude 10 on a map whose row 0 is 34.7 N, ten pixels a degree; doubled by
   // the view and by the screen, and pens with it.
-  TPicture P({500, 350}, {500, 350});
   P.Scene.View = {{100, 50}, 2};
   P.Scene.Scale = 2;
-  P.Scene.Look.ShowGraticule = sgLines;
   P.Scene.Look.GratLineDist = 10;
   P.Scene.Calibration.SetData(PlainQuads(34.7, 0, 10, {{0, 0}, {400, 0}, {0, 300}}), cmEquiRect);
   const auto& Lines = P.Draw();

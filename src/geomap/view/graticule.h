@@ -1,0 +1,40 @@
+// graticule.h - the parallels and meridians of a calibration as lines of map pixels.
+//
+// They are computed once and kept as long as they stay the same; panning then only moves them.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_VIEW_GRATICULE_H
+#define ZAV_GEOMAP_VIEW_GRATICULE_H
+
+#include <vector>
+
+#include <geomap/calibration/calibration.h>
+#include <platform/base/geometry.h>
+
+namespace zav {
+
+using TPolyline = std::vector<TPoint>;
+
+// Appends a point unless it is the last one again: no line, and no time spent on it.
+inline void AddPoint(TPolyline& Line, TPoint P) {
+  if (Line.empty() || Line.back() != P) Line.push_back(P);
+}
+
+class TGraticule {
+ public:
+  // The lines for a spacing in degrees, 0 for an automatic one, leaving out those that are less
+  // than a device pixel from the one before; Factor is device pixels a map pixel. Empty for a model
+  // without a graticule and for too few control points. Valid until the next call.
+  const std::vector<TPolyline>& Lines(const TCalibration& Calibration, double GratLineDist,
+                                      double Factor);
+
+ private:
+  bool FValid = false;
+  TCalibration FCalibration;
+  double FGratLineDist = 0;
+  double FFactor = 0;
+  std::vector<TPolyline> FLines;
+};
+
+}  // namespace zav
+
+#endif
