@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "graticule_menu.h"
 
-#include <array>
+#include <utility>
 
 #include <QAction>
 #include <QActionGroup>
@@ -79,21 +79,16 @@ GraticuleMenu::GraticuleMenu(GeoMapWidget& Widget, QWidget* Parent)
 }
 
 void GraticuleMenu::addKinds() {
-  const struct {
-    Kind Shown;
-    QString Text;
-    Qt::Key Key;
-  } Kinds[] = {
-      {Kind::None, tr("&None"), Qt::Key_0},
-      {Kind::Points, tr("Calibration &Points"), Qt::Key_1},
-      {Kind::Lines, tr("&Lines"), Qt::Key_2},
-      {Kind::PointsAndLines, tr("Points &and Lines"), Qt::Key_3},
-      {Kind::UtmGrid, tr("&UTM Grid"), Qt::Key_4},
-      {Kind::PointsAndUtmGrid, tr("Points and UTM &Grid"), Qt::Key_5},
-  };
-  for (const auto& Item : Kinds)
-    AddChoice(*this, *FKinds, Item.Text, static_cast<int>(Item.Shown))
-        ->setShortcut(QKeySequence(Qt::ALT | Item.Key));
+  for (const auto& [Shown, Text] :
+       {std::pair{Kind::None, tr("&None")}, std::pair{Kind::Points, tr("Calibration &Points")},
+        std::pair{Kind::Lines, tr("&Lines")},
+        std::pair{Kind::PointsAndLines, tr("Points &and Lines")},
+        std::pair{Kind::UtmGrid, tr("&UTM Grid")},
+        std::pair{Kind::PointsAndUtmGrid, tr("Points and UTM &Grid")}}) {
+    const int Number = static_cast<int>(Shown);
+    AddChoice(*this, *FKinds, Text, Number)
+        ->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + Number)));
+  }
   connect(FKinds, &QActionGroup::triggered, this,
           [this](QAction* Action) { setKind(static_cast<Kind>(Action->data().toInt())); });
 }
