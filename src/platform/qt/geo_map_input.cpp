@@ -110,11 +110,7 @@ void GeoMapWidget::ZoomAt(QPointF Position, int Steps) {
   Guarded([&] {
     if (!FMap->MapImgFile().empty()) Changed = FMap->ZoomAt(PixelAt(Position), Steps);
   });
-  if (!Self) return;
-  if (Changed)
-    ViewChangedByUser();
-  else
-    FWheelUnits = 0;  // what was turned at a limit does not count
+  if (Self && Changed) ViewChangedByUser();
 }
 
 void GeoMapWidget::TurnWheel(QPointF Position, double Units) {

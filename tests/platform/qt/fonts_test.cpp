@@ -32,23 +32,21 @@ bool IsSmooth(const TTextMask& Mask) {
 // The built-in face at 11 pixels; the same on every machine.
 TEST(QtFonts, DefaultFontHasKnownPixels) {
   TQtFontEngine Fonts;
-  const TTextMask Mask = Fonts.RenderText({}, "Map 7");
+  const TTextMask Mask = Fonts.RenderText({}, "To AV 7");
   EXPECT_EQ(Picture(Mask),
-            "#....#.................####\n"
-            "##..##....................#\n"
-            "##..##..####..####........#\n"
-            "##..##.....#..#..#.......#.\n"
-            "#.##.#..####..#...#......#.\n"
-            "#.##.#..#..#..#...#.....#..\n"
-            "#.##.#.##..#..#..#......#..\n"
-            "#.#..#..#####.####......#..\n"
-            "..............#............\n"
-            "..............#............\n");
-  EXPECT_EQ(Mask.Left, 1);
+            "######............##...#......#....####\n"
+            "...#..............##....#....#........#\n"
+            "...#...####......#..#...#....#........#\n"
+            "...#...#..#......#..#....#..#........#.\n"
+            "...#..#....#.....#..##...#..#........#.\n"
+            "...#..#....#....######...#..#.......#..\n"
+            "...#...#..#.....#....#....##........#..\n"
+            "...#...####....#......#...##........#..\n");
+  EXPECT_EQ(Mask.Left, 0);
   EXPECT_EQ(Mask.Top, 2);
   EXPECT_FALSE(IsSmooth(Mask));
-  EXPECT_EQ(Picture(TQtFontEngine().RenderText({}, "Map 7")), Picture(Mask));
-  EXPECT_EQ(Fonts.TextExtent({}, "Map 7"), (TSize{29, 12}));
+  EXPECT_EQ(Picture(TQtFontEngine().RenderText({}, "To AV 7")), Picture(Mask));
+  EXPECT_EQ(Fonts.TextExtent({}, "To AV 7"), (TSize{40, 12}));
   EXPECT_EQ(Fonts.TextExtent({}, ""), (TSize{0, 12}));
   EXPECT_EQ(Fonts.RenderText({}, "").Width, 0);
 }

@@ -132,6 +132,11 @@ TEST_F(GeoMapWidgetTest, WheelAtLimitsAndWithoutEffect) {
   EXPECT_GT(Map().Magnification(), 1);
   EXPECT_EQ(Changes.count(), 1);
 
+  // Turning back begins anew, and what is left over from a step counts for the next one.
+  Map().SetView({0, 0}, 1);
+  for (const int Units : {60, -120, 180, 60}) Wheel(Mouse, Units);
+  EXPECT_DOUBLE_EQ(Map().Magnification(), std::exp2(0.25));
+
   for (const auto& [Outside, Turn, Expected] :
        {std::tuple{0.2, 120, 0.5}, {0.2, -120, 0.5}, {4.0, -120, 2.0}, {4.0, 120, 2.0}}) {
     Map().SetView({0, 0}, Outside);
