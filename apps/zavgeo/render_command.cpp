@@ -55,11 +55,13 @@ void RequireRange(const std::string& Option, double Value, double Low, double Hi
 }
 
 TShowGrat GraticuleOf(const std::string& Kind) {
-  constexpr std::string_view Kinds[] = {"none",         "points", "lines",
-                                        "points+lines", "utm",    "points+utm"};
+  // In the order of TShowGrat; the viewer takes the same names.
+  constexpr std::string_view Kinds[] = {
+      "none", "points", "lines", "points-and-lines", "utm-grid", "points-and-utm-grid"};
   for (size_t i = 0; i < std::size(Kinds); ++i)
     if (SameText(Kind, Kinds[i])) return static_cast<TShowGrat>(i);
-  throw EUsageError("unknown graticule \"" + Kind + "\"");
+  throw EUsageError("unknown graticule \"" + Kind +
+                    "\": none, points, lines, points-and-lines, utm-grid or points-and-utm-grid");
 }
 
 TRenderPlan PlanOf(const TRenderOptions& Options) {
@@ -163,7 +165,7 @@ void AddRenderCommand(TProgram& Program, CLI::App& Map) {
       ->excludes(Center);
   Command
       .add_option("--graticule", Options->Graticule,
-                  "none, points, lines, points+lines, utm or points+utm")
+                  "none, points, lines, points-and-lines, utm-grid or points-and-utm-grid")
       ->capture_default_str();
   Command.add_option("-o,--output", Options->Output, "PNG file to write")->required();
   Command.callback([&Program, Options] { Program.Run = [Options] { return Render(*Options); }; });
