@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
                          Valid ? QStringLiteral("%1, %2").arg(Latitude).arg(Longitude) : QString());
                    });
   Map->setShowGraticule(zav::GeoMapWidget::Graticule::Lines);
+  Map->setGraticuleSpacing(10);
   Window.resize(1000, 700);
   Window.show();
   Map->loadMap(argc > 1 ? argv[1] : "samples/maps/europe_conic.xml");

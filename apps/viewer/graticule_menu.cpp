@@ -101,7 +101,7 @@ void GraticuleMenu::setKind(Kind Shown) {
 void GraticuleMenu::addSpacings() {
   QMenu* Menu = addMenu(tr("&Spacing of the Graticule"));
   for (const double Degrees :
-       {0.0, 1.0 / 60, 5.0 / 60, 10.0 / 60, 0.5, 1.0, 2.0, 5.0, 10.0, 15.0, 30.0})
+       {0.0, 1.0 / 60, 5.0 / 60, 10.0 / 60, 0.25, 0.5, 1.0, 2.0, 5.0, 10.0, 15.0, 30.0})
     AddChoice(*Menu, *FSpacings, SpacingText(Degrees), Degrees);
   AddChoice(*Menu, *FSpacings, tr("&Other..."), CustomSpacing);
   connect(FSpacings, &QActionGroup::triggered, this, [this](QAction* Action) {
