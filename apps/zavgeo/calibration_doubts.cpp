@@ -137,6 +137,7 @@ void FindWrongQuads(const TCalibration& Calibration, const std::vector<TResidual
 
 void FindWrongLinePoints(const std::vector<TResidual>& Table, std::vector<std::string>& Doubts) {
   std::vector<double> Misses;
+  Misses.reserve(Table.size());
   for (const TResidual& Row : Table) Misses.push_back(Row.Pixels);
   if (const auto Worst = StandsOut(Misses))
     Doubts.push_back(Disagreement(Table, *Worst, Misses[*Worst]));

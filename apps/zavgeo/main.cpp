@@ -22,8 +22,7 @@ void AddTableOptions(CLI::App& Command, TTableOptions& Options) {
 
 namespace {
 
-int RunProgram(int Count, char** Arguments) {
-  TProgram Program;
+void AddCommands(TProgram& Program) {
   Program.App.name("zavgeo");
   Program.App.description(
       "Converts coordinates, calibrates maps and draws them.\n"
@@ -35,21 +34,20 @@ int RunProgram(int Count, char** Arguments) {
   AddEllipsoidCommand(Program);
   AddCalibrateCommand(Program);
   AddMapCommands(Program);
+}
+
+int RunProgram(int Count, char** Arguments) {
+  TProgram Program;
+  AddCommands(Program);
   try {
     Program.App.parse(Count, Arguments);
-    if (!Program.Run) throw EUsageError("a command is missing; --help lists them");
-    const int Status = Program.Run();
-    FinishOutput();
-    return Status;
   } catch (const CLI::ParseError& Error) {
     return Program.App.exit(Error) == 0 ? 0 : 2;
-  } catch (const EUsageError& Error) {
-    PrintError(Error.what());
-    return 2;
-  } catch (const std::exception& Error) {
-    PrintError(Error.what());
-    return 1;
   }
+  if (!Program.Run) throw EUsageError("a command is missing; --help lists them");
+  const int Status = Program.Run();
+  FinishOutput();
+  return Status;
 }
 
 }  // namespace
@@ -59,5 +57,13 @@ int RunProgram(int Count, char** Arguments) {
 int main(int Count, char** Arguments) {
   std::ios::sync_with_stdio(false);
   std::cin.tie(nullptr);
-  return zav::RunProgram(Count, Arguments);
+  try {
+    return zav::RunProgram(Count, Arguments);
+  } catch (const zav::EUsageError& Error) {
+    zav::PrintError(Error.what());
+    return 2;
+  } catch (const std::exception& Error) {
+    zav::PrintError(Error.what());
+    return 1;
+  }
 }
