@@ -51,6 +51,7 @@ void MainWindow::makeCenter() {
   FWidget = new GeoMapWidget(Center);
   FWidget->setAcceptDrops(false);
   FWidget->setAccessibleName(tr("Map"));
+  FWidget->map().SetGratInMapZone(true);
   FWidget->setContextMenuPolicy(Qt::CustomContextMenu);
   FWidget->setEmptyMessage(
       tr("No map is open. Open one with Ctrl+O, or drop files or a folder here."));

@@ -181,7 +181,9 @@ QList<MapSource> InspectFolder(const QString& Folder) {
     if (const QFileInfo Info(Dir.absoluteFilePath(Name)); !Named.contains(Info.canonicalFilePath()))
       Sources.append(InspectMap(Info.absoluteFilePath()));
 
-  QCollator Collator;
+  // The C locale's collation knows neither case nor numbers.
+  const QLocale Locale;
+  QCollator Collator(Locale.language() == QLocale::C ? QLocale(QLocale::English) : Locale);
   Collator.setNumericMode(true);
   Collator.setCaseSensitivity(Qt::CaseInsensitive);
   std::stable_sort(Sources.begin(), Sources.end(),

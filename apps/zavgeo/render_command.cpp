@@ -140,6 +140,7 @@ int Render(const TRenderOptions& Options) {
   Map.SetSuppressPaint(true);
   Map.SetSize(Size.Width, Size.Height);
   Map.SetFrameStyle(TFrameStyle::fsNone);
+  Map.SetGratInMapZone(true);
   Map.SetShowGrat(Plan.Graticule);
   Map.SetMapImgName(File.ImagePath);
   Map.SetCalibration(File.Calibration.Data(), File.Calibration.Model());

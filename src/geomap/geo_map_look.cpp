@@ -35,6 +35,8 @@ void TGeoMap::SetGratLineDist(double Degrees) {
   Store(FLook.GratLineDist, Clamped(Degrees, MaxGratLineDist));
 }
 
+void TGeoMap::SetGratInMapZone(bool Value) { StoreIfDifferent(FLook.GratInMapZone, Value); }
+
 void TGeoMap::SetUTMGridDist(int32_t Metres) {
   Store(FLook.UTMGridDist, std::clamp(Metres, 0, MaxUTMGridDist));
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <geobasics/utm.h>
 #include <platform/base/curve_fit.h>
 #include <platform/base/great_circle.h>
 #include <platform/base/rounding.h>
@@ -209,6 +210,23 @@ bool TCalibration::ToPixel(double Lat, double Long, double& X, double& Y) const 
     return false;
   }
   if (!std::isfinite(P.X) || !std::isfinite(P.Y)) return false;
+  X = P.X;
+  Y = P.Y;
+  return true;
+}
+
+bool TCalibration::ToPixelInMapZone(double Lat, double Long, double& X, double& Y) const {
+  constexpr double FalseNorthing = 10000000.0;
+  if (FModel != TCalibModel::cmUTM || FData.UTMZone < 1 || !IsFitted()) {
+    return ToPixel(Lat, Long, X, Y);
+  }
+  double Easting = 0;
+  double Northing = 0;
+  LatLongToUTMZone(Lat, Long, FData.UTMZone, FData.Ellipsoid, Easting, Northing);
+  // The false northing is that of the map, on either side of the equator.
+  if (FData.UTMSouth && Lat >= 0) Northing += FalseNorthing;
+  if (!FData.UTMSouth && Lat < 0) Northing -= FalseNorthing;
+  const TExactPixel P = UTMToPixel(FCoef, Northing, Easting);
   X = P.X;
   Y = P.Y;
   return true;

@@ -116,6 +116,9 @@ class TCalibration {
   // row in the conic model. False, and the outputs 0, without a fit or a finite result.
   bool ToGeo(double X, double Y, TCoords& Position) const;
   bool ToPixel(double Lat, double Long, double& X, double& Y) const;
+  // ToPixel, but a UTM map takes every position in its own zone and hemisphere, so that lines run
+  // on across their borders. CalcPixelCoords and ToPixel take each in the zone that it lies in.
+  bool ToPixelInMapZone(double Lat, double Long, double& X, double& Y) const;
 
   friend bool operator==(const TCalibration&, const TCalibration&) = default;
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include <geomap/view/line_series.h>
+#include <platform/base/rounding.h>
 
 namespace zav {
 namespace {
@@ -59,10 +60,15 @@ double LinesPerDegree(double Span, double GratLineDist) {
 
 // One family of lines. PositionAt(line's value, value along it) is the position of a point.
 template <typename TPositionAt>
-void AddFamily(const TCalibration& Calibration, const TLineSeries& Series, int Pieces, double From,
-               double To, double Factor, TPositionAt PositionAt, std::vector<TPolyline>& Lines) {
+void AddFamily(const TCalibration& Calibration, bool InMapZone, const TLineSeries& Series,
+               int Pieces, double From, double To, double Factor, TPositionAt PositionAt,
+               std::vector<TPolyline>& Lines) {
   const auto At = [&](double Index, int Piece) -> TCoords {
     return PositionAt(Series.Value(Index), From + Piece * (To - From) / Pieces);
+  };
+  const auto ToPixel = [&](const TCoords& P, double& X, double& Y) {
+    return InMapZone ? Calibration.ToPixelInMapZone(P.Latit, P.Longit, X, Y)
+                     : Calibration.ToPixel(P.Latit, P.Longit, X, Y);
   };
   const auto Apart = [&](double A, double B) {
     // The ends and three points between: neighbours that agree there agree to the eye.
@@ -74,8 +80,8 @@ void AddFamily(const TCalibration& Calibration, const TLineSeries& Series, int P
       double YA = 0;
       double XB = 0;
       double YB = 0;
-      if (!Calibration.ToPixel(PA.Latit, PA.Longit, XA, YA)) continue;
-      if (!Calibration.ToPixel(PB.Latit, PB.Longit, XB, YB)) continue;
+      if (!ToPixel(PA, XA, YA)) continue;
+      if (!ToPixel(PB, XB, YB)) continue;
       if (APixelApart(XA, YA, XB, YB, Factor)) return true;
     }
     return false;
@@ -85,19 +91,26 @@ void AddFamily(const TCalibration& Calibration, const TLineSeries& Series, int P
     for (int Piece = 0; Piece <= Pieces; ++Piece) {
       const TCoords Position = At(Index, Piece);
       TPoint P;
-      Calibration.CalcPixelCoords(Position.Latit, Position.Longit, P.X, P.Y);
+      double X = 0;
+      double Y = 0;
+      if (InMapZone && ToPixel(Position, X, Y)) {
+        P = {RoundHalfEven(X), RoundHalfEven(Y)};
+      } else {
+        Calibration.CalcPixelCoords(Position.Latit, Position.Longit, P.X, P.Y);
+      }
       AddPoint(Line, P);
     }
   });
 }
 
-std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, double Factor) {
+std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, bool InMapZone,
+                               double Factor) {
   const TModelLines Model = ModelLinesOf(Calibration.Model());
   std::vector<TPolyline> Lines;
   if (Model.Pieces == 0 || Calibration.Data().NumCalQuads <= Model.MorePointsThan) return Lines;
   const TExtent Area = ExtentOf(Calibration.Data().Corners);
   AddFamily(
-      Calibration,
+      Calibration, InMapZone,
       MakeLineSeries(Area.South, Area.North, LinesPerDegree(Area.North - Area.South, Dist)),
       Model.Pieces, Area.West, Area.East, Factor,
       [](double Lat, double Long) -> TCoords {
@@ -105,7 +118,7 @@ std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, dou
       },
       Lines);
   AddFamily(
-      Calibration,
+      Calibration, InMapZone,
       MakeLineSeries(Area.West, Area.East, LinesPerDegree(Area.East - Area.West, Dist)),
       Model.Pieces, Area.South, Area.North, Factor,
       [](double Long, double Lat) -> TCoords {
@@ -118,14 +131,17 @@ std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, dou
 }  // namespace
 
 const std::vector<TPolyline>& TGraticule::Lines(const TCalibration& Calibration,
-                                                double GratLineDist, double Factor) {
-  if (FValid && FGratLineDist == GratLineDist && FFactor == Factor && FCalibration == Calibration) {
+                                                double GratLineDist, bool InMapZone,
+                                                double Factor) {
+  if (FValid && FGratLineDist == GratLineDist && FInMapZone == InMapZone && FFactor == Factor &&
+      FCalibration == Calibration) {
     return FLines;
   }
   FValid = false;  // until all is there: memory may run out
-  FLines = LinesOf(Calibration, GratLineDist, Factor);
+  FLines = LinesOf(Calibration, GratLineDist, InMapZone, Factor);
   FCalibration = Calibration;
   FGratLineDist = GratLineDist;
+  FInMapZone = InMapZone;
   FFactor = Factor;
   FValid = true;
   return FLines;

@@ -23,14 +23,16 @@ class TGraticule {
  public:
   // The lines for a spacing in degrees, 0 for an automatic one, leaving out those that are less
   // than a device pixel from the one before; Factor is device pixels a map pixel. Empty for a model
-  // without a graticule and for too few control points. Valid until the next call.
+  // without a graticule and for too few control points. InMapZone: see TMapLook::GratInMapZone.
+  // Valid until the next call.
   const std::vector<TPolyline>& Lines(const TCalibration& Calibration, double GratLineDist,
-                                      double Factor);
+                                      bool InMapZone, double Factor);
 
  private:
   bool FValid = false;
   TCalibration FCalibration;
   double FGratLineDist = 0;
+  bool FInMapZone = false;
   double FFactor = 0;
   std::vector<TPolyline> FLines;
 };

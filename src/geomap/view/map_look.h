@@ -36,6 +36,9 @@ struct TMapLook {
   double CacheMagLimit = MaxCacheMagLimit;
   TShowGrat ShowGraticule = TShowGrat::sgNone;
   double GratLineDist = 0;  // degrees, 0 = automatic
+  // Whether the graticule of a UTM map is drawn in the map's own zone beyond the zone's edges, too.
+  // Otherwise each point is taken in the zone it lies in, and a line that leaves the zone jumps.
+  bool GratInMapZone = false;
   int32_t UTMGridDist = 0;  // metres, 0 = automatic
 };
 

@@ -9,8 +9,8 @@ void DrawGraticule(const TRenderScene& Scene, TGraticule& Graticule, TCanvas& De
   const double Factor = Scene.View.Magnification * Scene.Scale;
   Device.Pen = {Scene.Look.ColorGraticule, TPenStyle::psSolid, TPenMode::pmCopy, Scene.PenWidth()};
   TPolyline Line;
-  for (const TPolyline& Each :
-       Graticule.Lines(Scene.Calibration, Scene.Look.GratLineDist, Factor)) {
+  for (const TPolyline& Each : Graticule.Lines(Scene.Calibration, Scene.Look.GratLineDist,
+                                               Scene.Look.GratInMapZone, Factor)) {
     Line.clear();
     for (const TPoint& P : Each) AddPoint(Line, Scene.ToDevice(P.X, P.Y));
     Device.Polyline(Line);

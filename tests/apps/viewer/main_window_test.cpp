@@ -29,7 +29,6 @@ namespace {
 class MainWindowTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    NeedApplication();
     FSettings = std::make_unique<QSettings>(FFolder.path("settings.ini"), QSettings::IniFormat);
     Start();
   }

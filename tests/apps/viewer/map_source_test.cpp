@@ -10,7 +10,6 @@ namespace zav {
 namespace {
 
 TEST(MapSource, TellsWhatIsWrongAndWhatToDo) {
-  NeedApplication();
   const TestFolder Folder;
   Folder.copy("sicily_8bit.bmp", "Sicily.bmp");
   const QByteArray Jpeg = "\xff\xd8\xff\xe0 no picture";
@@ -52,7 +51,6 @@ TEST(MapSource, TellsWhatIsWrongAndWhatToDo) {
 }
 
 TEST(MapSource, ListsTheMapsOfAFolder) {
-  NeedApplication();
   const TestFolder Folder;
   Folder.copy("sicily_8bit.bmp", "sicily.bmp");
   Folder.copy("iceland.bmp", "Bare 2.bmp");

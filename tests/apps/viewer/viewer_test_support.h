@@ -1,21 +1,13 @@
-// viewer_test_support.h - an application object and small maps for the viewer's tests.
+// viewer_test_support.h - small maps for the viewer's tests.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_TESTS_APPS_VIEWER_VIEWER_TEST_SUPPORT_H
 #define ZAV_TESTS_APPS_VIEWER_VIEWER_TEST_SUPPORT_H
 
-#include <QApplication>
 #include <QFile>
 #include <QString>
 #include <QTemporaryDir>
 
 namespace zav {
-
-inline void NeedApplication() {
-  static int Count = 1;
-  static char Name[] = "viewer_test";
-  static char* Arguments[] = {Name, nullptr};
-  static QApplication Application(Count, Arguments);
-}
 
 inline QString Sample(const char* Name) {
   return QStringLiteral(ZAVGEO_SAMPLES "/maps/") + QLatin1String(Name);

@@ -108,5 +108,23 @@ TEST(Samples, AlpsAgreeWithGeographicLibEverywhere) {
   EXPECT_FALSE(C.IsPositionWithinMap(43, 8));
 }
 
+// Parallels of a UTM map run on across the edge of its zone, at 6 degrees here; the ordinary
+// conversion jumps there by most of the map's width.
+TEST(Samples, MapZoneHasNoJump) {
+  const TCalibration C = test::LoadSample("alps_utm32n", cmUTM);
+  double InsideX = 0, OutsideX = 0, JumpX = 0, Y = 0;
+  ASSERT_TRUE(C.ToPixelInMapZone(46.5, 6.0001, InsideX, Y));
+  ASSERT_TRUE(C.ToPixelInMapZone(46.5, 5.9999, OutsideX, Y));
+  ASSERT_TRUE(C.ToPixel(46.5, 5.9999, JumpX, Y));
+  EXPECT_NEAR(InsideX - OutsideX, 0.053, 0.01);  // 15 m of the parallel at 290 m a pixel
+  EXPECT_GT(JumpX - InsideX, 1500);
+  // Nor at the equator, where the northing of the south begins anew.
+  const TCalibration South = test::LoadSample("andes_utm19s", cmUTM);
+  double NorthY = 0, SouthY = 0, X = 0;
+  ASSERT_TRUE(South.ToPixelInMapZone(0.0001, -69, X, NorthY));
+  ASSERT_TRUE(South.ToPixelInMapZone(-0.0001, -69, X, SouthY));
+  EXPECT_NEAR(SouthY - NorthY, 0.24, 0.05);  // 22 m at 92 m a pixel
+}
+
 }  // namespace
 }  // namespace zav

@@ -73,6 +73,7 @@ TEST(GeoMap, ConsequenceOfEverySetter) {
       {"SetFrameStyle", 1, 0, [](M& m) { m.SetFrameStyle(TFrameStyle::fsEtched); }},
       {"SetShowGrat", 1, 0, [](M& m) { m.SetShowGrat(TShowGrat::sgLines); }},
       {"SetGratLineDist", 1, 1, [](M& m) { m.SetGratLineDist(5); }},
+      {"SetGratInMapZone", 1, 0, [](M& m) { m.SetGratInMapZone(true); }},
       {"SetUTMGridDist", 1, 1, [](M& m) { m.SetUTMGridDist(1000); }},
       {"SetConfinePan", 0, 0, [](M& m) { m.SetConfinePan(true); }},
       {"SetCacheMagLimit at 1", 0, 0, [](M& m) { m.SetCacheMagLimit(0.5); }},
