@@ -14,7 +14,11 @@
 namespace zav {
 
 ViewMenu::ViewMenu(GeoMapWidget& Widget, QWidget* Parent)
-    : QMenu(tr("&View"), Parent), FWidget(Widget), FMap(Widget.map()), FHistory(FMap) {
+    : QMenu(tr("&View"), Parent),
+      FWidget(Widget),
+      FAliveWidget(&Widget),
+      FMap(Widget.map()),
+      FHistory(FMap) {
   addZoom();
   addSeparator();
   addHistory();
@@ -29,6 +33,7 @@ ViewMenu::ViewMenu(GeoMapWidget& Widget, QWidget* Parent)
 }
 
 ViewMenu::~ViewMenu() {
+  if (!FAliveWidget) return;
   FMap.RemoveObserver(this);
   FMap.OnResize = nullptr;
   FMap.OnDataRendered = nullptr;

@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QMenu>
+#include <QPointer>
 
 #include <platform/qt/geo_map_widget.h>
 
@@ -65,6 +66,7 @@ class ViewMenu final : public QMenu, private TGeoMapObserver {
   void updateActions();
 
   GeoMapWidget& FWidget;
+  QPointer<GeoMapWidget> FAliveWidget;  // none once the window has deleted it before the menu
   TGeoMap& FMap;
   ViewHistory FHistory;
   // The view that was fitted to the window; it is fitted again until something else is shown.
