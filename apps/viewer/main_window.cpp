@@ -57,7 +57,6 @@ TGeoMap& MainWindow::map() { return FWidget->map(); }
 QString MainWindow::message() const { return FMessage->text(); }
 
 // --- opening
-// --------------------------------------------------------------------------------------
 
 QString MainWindow::openAll(const QStringList& Paths) {
   if (Paths.isEmpty()) return {};
@@ -70,8 +69,7 @@ QString MainWindow::openAll(const QStringList& Paths) {
       const QList<MapSource> Found = InspectFolder(Path);
       if (Found.isEmpty() && Problem.isEmpty())
         Problem = tr("There is no map in the folder \"%1\". Maps are calibration files (.xml) and "
-                     "images (.jpg, "
-                     ".jpeg, .bmp).")
+                     "images (.jpg, .jpeg, .bmp).")
                       .arg(QDir::toNativeSeparators(Path));
       Sources += Found;
     } else {
@@ -98,14 +96,16 @@ QString MainWindow::openList(const QList<MapSource>& Sources) {
   FList->setSources(Sources);
   FDock->show();
   QString FirstProblem;
+  bool Shown = false;
   for (const MapSource& Source : Sources) {
     if (!Source.Problem.isEmpty()) continue;
     const QString Problem = showMap(Source);
-    if (Problem.isEmpty()) break;
+    Shown = Problem.isEmpty();
+    if (Shown) break;
     FList->setProblem(Source.Path, Problem);
     if (FirstProblem.isEmpty()) FirstProblem = Problem;
   }
-  if (!FShown && FirstProblem.isEmpty()) FirstProblem = Sources.constFirst().Problem;
+  if (!Shown && FirstProblem.isEmpty()) FirstProblem = Sources.constFirst().Problem;
   return FirstProblem.isEmpty() ? QString() : report(FirstProblem);
 }
 
@@ -147,7 +147,6 @@ QString MainWindow::report(const QString& Problem) {
 }
 
 // --- the command line's wishes
-// --------------------------------------------------------------------
 
 QString MainWindow::applyView(const ViewerOptions& Options) {
   const TCalibModel Model = map().CalibModel();
@@ -188,7 +187,6 @@ QString MainWindow::saveScreenshot(const QString& Path) {
 }
 
 // --- positions
-// ------------------------------------------------------------------------------------
 
 QPointF MainWindow::mapPixelAt(QPointF Control) {
   const TViewState& View = map().View();
@@ -252,7 +250,6 @@ void MainWindow::updateStatus() {
 }
 
 // --- events
-// ---------------------------------------------------------------------------------------
 
 void MainWindow::showMapMenu(QPoint Position) {
   if (!FShown) return;

@@ -25,8 +25,7 @@ QString DetailText(const MapSource& Source) {
 }
 
 QString ToolTipText(const MapSource& Source) {
-  const QString Path = QDir::toNativeSeparators(Source.Path).toHtmlEscaped();
-  if (Source.Problem.isEmpty()) return Path;
+  if (Source.Problem.isEmpty()) return QDir::toNativeSeparators(Source.Path).toHtmlEscaped();
   return QStringLiteral("<p>") + Source.Problem.toHtmlEscaped() + QStringLiteral("</p>");
 }
 
