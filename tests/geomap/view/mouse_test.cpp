@@ -30,6 +30,7 @@ TEST(Mouse, PanningSequences) {
         {ssLeft, {90, 120}, {60, 30}},
         {ssLeft, {-1, 120}, {60, 30}},
         {ssLeft, {500, 401}, {60, 30}},
+        {ssLeft, {501, 400}, {60, 30}},
         {ssLeft, {0, 400}, {150, 0}},     // 50 + 100; 50 - 300 is confined
         {ssLeft, {95, 100}, {55, 50}}}},  // still from the anchor
       {maPan, 2, false, 1, {{ssLeft, {100, 100}, {50, 50}}, {ssLeft, {103, 401 - 1}, {48, -100}}}},
@@ -147,6 +148,7 @@ TEST(Mouse, TraceIsKeptInMapPixelsAndDrawn) {
   Map.SetTopLeft({50, 10});
   EXPECT_EQ(Shown(50, 10), clYellow);
   EXPECT_EQ(Shown(200, 30), clYellow);
+  EXPECT_EQ(Shown(300, 20), 0U) << "nor there";
   TBitmap Bitmap = Map.InternalMapImg();
   Map.DrawMouseTrace(0, 0, Bitmap);
   EXPECT_EQ(Bitmap.Pixel(50, 10), 0U);

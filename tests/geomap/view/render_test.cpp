@@ -357,6 +357,12 @@ TEST(Render, SpacingNeverHangs) {
     EXPECT_LE(Count, 851U);
     EXPECT_GE(Count, Dist < 1e-100 ? 0U : 840U) << Dist;
   }
+  // Magnified there is room for more: lines left out before must come back.
+  P.Scene.Look.GratLineDist = 1e-3;
+  P.Scene.View.Magnification = 2;
+  P.Draw();
+  EXPECT_GE(P.Canvas.CountOf("Polyline"), 1680U);
+  P.Scene.View.Magnification = 1;
   for (const double Bad : {Nan, Infinity, 1e300, 0.0}) {
     for (const double Dist : {0.0, 1e-9, 60.0}) {
       P.Scene.Look.GratLineDist = Dist;
