@@ -359,6 +359,7 @@ TEST(Render, SpacingNeverHangs) {
   }
   // Magnified there is room for more: lines left out before must come back.
   P.Scene.Look.GratLineDist = 1e-3;
+  P.Draw();
   P.Scene.View.Magnification = 2;
   P.Draw();
   EXPECT_GE(P.Canvas.CountOf("Polyline"), 1680U);
