@@ -1,5 +1,6 @@
 // convert.cpp - UTM coordinates, and a calibration from control points, without a window and
-// without Qt. SPDX-License-Identifier: MIT
+// without Qt.
+// SPDX-License-Identifier: MIT
 #include <cstdio>
 
 #include <geobasics/utm.h>

@@ -1,5 +1,6 @@
 // graticule_menu.h - the menu of what is drawn over the map: graticule, grid, points, spacing,
-// colours. SPDX-License-Identifier: MIT
+// colours.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_GRATICULE_MENU_H
 #define ZAV_APPS_VIEWER_GRATICULE_MENU_H
 

@@ -1,5 +1,6 @@
 // icons.h - the viewer's icons, drawn when they are needed: sharp at every size and pixel ratio,
-// and in the colours of the desktop's theme, light or dark. SPDX-License-Identifier: MIT
+// and in the colours of the desktop's theme, light or dark.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_ICONS_H
 #define ZAV_APPS_VIEWER_ICONS_H
 

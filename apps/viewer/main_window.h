@@ -1,5 +1,6 @@
 // main_window.h - the viewer's window: map, list of maps, menus, tool bar, position in the status
-// bar. SPDX-License-Identifier: MIT
+// bar.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_MAIN_WINDOW_H
 #define ZAV_APPS_VIEWER_MAIN_WINDOW_H
 

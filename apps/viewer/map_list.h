@@ -1,5 +1,6 @@
 // map_list.h - the list of a folder's maps: caption, size in pixels, model, and what is wrong with
-// them. SPDX-License-Identifier: MIT
+// them.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_MAP_LIST_H
 #define ZAV_APPS_VIEWER_MAP_LIST_H
 

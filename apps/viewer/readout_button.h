@@ -1,5 +1,6 @@
 // readout_button.h - the position under the mouse in the status bar: a click changes how it is
-// written. SPDX-License-Identifier: MIT
+// written.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_READOUT_BUTTON_H
 #define ZAV_APPS_VIEWER_READOUT_BUTTON_H
 

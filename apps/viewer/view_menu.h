@@ -1,5 +1,6 @@
 // view_menu.h - the menu and the actions that change the view: zoom, fit, history, smoothing,
-// frame. SPDX-License-Identifier: MIT
+// frame.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_VIEW_MENU_H
 #define ZAV_APPS_VIEWER_VIEW_MENU_H
 

@@ -2,8 +2,8 @@
 // points.
 //
 // Prints the largest difference on the sample maps and exits with 1 when it is over 1e-6 pixel;
-// then times fits of 200 points and conversions, ours and GDAL's in turn. SPDX-License-Identifier:
-// MIT
+// then times fits of 200 points and conversions, ours and GDAL's in turn.
+// SPDX-License-Identifier: MIT
 #include <gdal_alg.h>
 #include <geomap/calibration/calibration.h>
 

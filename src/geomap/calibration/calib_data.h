@@ -3,7 +3,8 @@
 // Plain values that can be copied and compared. Pixels are those of the map image: X to the right,
 // Y down, (0, 0) the centre of the top left pixel. Angles are degrees, north and east positive.
 // Items are numbered from 1 at the interface of the classes that use this record, and stored from
-// 0. SPDX-License-Identifier: MIT
+// 0.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_CALIBRATION_CALIB_DATA_H
 #define ZAV_GEOMAP_CALIBRATION_CALIB_DATA_H
 

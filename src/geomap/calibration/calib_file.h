@@ -4,8 +4,8 @@
 // reason
 // ("ParseCalibData: ", or a control's name). Trouble with the file itself is EInOutError. An
 // element is found by its id, upper and lower case alike; an empty id takes the first one. Map name
-// and caption come back in lower case. The map image need not be there. SPDX-License-Identifier:
-// MIT
+// and caption come back in lower case. The map image need not be there.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_CALIBRATION_CALIB_FILE_H
 #define ZAV_GEOMAP_CALIBRATION_CALIB_FILE_H
 

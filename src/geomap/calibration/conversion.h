@@ -1,7 +1,8 @@
 // conversion.h - between pixels and positions with a fitted model.
 //
 // Pure evaluations, for TCalibration and whoever holds coefficients of his own. Divisions by a
-// slope of zero give infinities or NaN unless stated otherwise. SPDX-License-Identifier: MIT
+// slope of zero give infinities or NaN unless stated otherwise.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_CALIBRATION_CONVERSION_H
 #define ZAV_GEOMAP_CALIBRATION_CONVERSION_H
 

@@ -1,7 +1,8 @@
 // int32_arithmetic.h - 32-bit integer arithmetic that wraps around instead of being undefined.
 //
 // Products and distances of pixels are formed in 32 bits, so that every build and platform finds
-// the same numbers for pixels far outside any image. SPDX-License-Identifier: MIT
+// the same numbers for pixels far outside any image.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_CALIBRATION_INT32_ARITHMETIC_H
 #define ZAV_GEOMAP_CALIBRATION_INT32_ARITHMETIC_H
 

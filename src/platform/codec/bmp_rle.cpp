@@ -2,7 +2,8 @@
 //
 // Codes are pairs of bytes. (n, v) with n > 0: n pixels of v (with 4 bits a pixel the two halves of
 // v in turn). (0, 0): end of the row; (0, 1): end of the picture; (0, 2) x y: move right and on by
-// rows; (0, n): n pixels as they are, padded to whole pairs. SPDX-License-Identifier: MIT
+// rows; (0, n): n pixels as they are, padded to whole pairs.
+// SPDX-License-Identifier: MIT
 #include <platform/codec/bmp_rle.h>
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 // map_source_test.cpp - what files and folders have to offer as maps, and what is said about bad
-// ones. SPDX-License-Identifier: MIT
+// ones.
+// SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
 #include "map_list.h"

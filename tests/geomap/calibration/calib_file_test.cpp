@@ -1,4 +1,5 @@
 // calib_file_test.cpp - calibration files: the page's example, round trips, damage, failing disks.
+// SPDX-License-Identifier: MIT
 #include <geomap/calibration/calib_file.h>
 
 #include <gtest/gtest.h>

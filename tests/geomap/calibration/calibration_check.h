@@ -1,5 +1,6 @@
 // calibration_check.h - what must hold for any bytes given to the reader of calibration files.
 // Shared by the fuzz target and the tests.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_TESTS_GEOMAP_CALIBRATION_CALIBRATION_CHECK_H
 #define ZAV_TESTS_GEOMAP_CALIBRATION_CALIBRATION_CHECK_H
 

@@ -1,4 +1,5 @@
 // conversion_test.cpp - the edges of the conversions: nothing fitted, poles, overflow, divergence.
+// SPDX-License-Identifier: MIT
 #include <geomap/calibration/calibration.h>
 
 #include <gtest/gtest.h>

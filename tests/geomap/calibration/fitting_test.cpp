@@ -1,4 +1,5 @@
 // fitting_test.cpp - every model finds again what its control points were made with.
+// SPDX-License-Identifier: MIT
 #include <geomap/calibration/calibration.h>
 
 #include <gtest/gtest.h>

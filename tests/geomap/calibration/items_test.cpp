@@ -1,4 +1,5 @@
 // items_test.cpp - adding, removing, restoring, clearing and scaling calibration items.
+// SPDX-License-Identifier: MIT
 #include <geomap/calibration/calibration.h>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // normal_equations.h - least squares in the plainest way, in long double, as a judge.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_TESTS_GEOMAP_CALIBRATION_NORMAL_EQUATIONS_H
 #define ZAV_TESTS_GEOMAP_CALIBRATION_NORMAL_EQUATIONS_H
 

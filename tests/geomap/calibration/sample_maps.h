@@ -1,4 +1,5 @@
 // sample_maps.h - the control points and lines of the sample maps. Shared by tests and benchmarks.
+// SPDX-License-Identifier: MIT
 #ifndef ZAV_TESTS_GEOMAP_CALIBRATION_SAMPLE_MAPS_H
 #define ZAV_TESTS_GEOMAP_CALIBRATION_SAMPLE_MAPS_H
 

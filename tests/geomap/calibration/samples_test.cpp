@@ -1,5 +1,6 @@
 // samples_test.cpp - the sample maps, whose control points come from exact georeferences and are
 // rounded to whole pixels.
+// SPDX-License-Identifier: MIT
 #include <geomap/calibration/calibration.h>
 
 #include <gtest/gtest.h>

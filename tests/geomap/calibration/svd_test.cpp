@@ -1,4 +1,5 @@
 // svd_test.cpp - the least-squares solver against normal equations in long double.
+// SPDX-License-Identifier: MIT
 #include <geomap/calibration/svd.h>
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <geomap/view/line_series.h>
 #include <geomap/view/renderer.h>
 #include <gtest/gtest.h>

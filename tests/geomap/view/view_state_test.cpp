@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <geomap/view/view_state.h>
 #include <geomap/view/zoom_ring.h>
 #include <gtest/gtest.h>
