@@ -128,7 +128,7 @@ QString MainWindow::showMap(const MapSource& Source) {
     map().Clear();
     FShown.reset();
   }
-  FMousePixel.reset();
+  if (!FWidget->underMouse()) FMousePixel.reset();
   FReadout->setMap(map().CalibData().Ellipsoid, map().CalibData().Resolution);
   FView->showOpened();
   FGraticule->updateForMap();
@@ -191,11 +191,6 @@ QString MainWindow::saveScreenshot(const QString& Path) {
 QPointF MainWindow::mapPixelAt(QPointF Control) {
   const TViewState& View = map().View();
   return QPointF(View.TopLeft.X, View.TopLeft.Y) + Control / View.Magnification;
-}
-
-QPointF MainWindow::controlPositionOf(QPointF MapPixel) {
-  const TViewState& View = map().View();
-  return (MapPixel - QPointF(View.TopLeft.X, View.TopLeft.Y)) * View.Magnification;
 }
 
 std::optional<TCoords> MainWindow::positionAt(QPointF MapPixel) {

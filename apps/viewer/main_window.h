@@ -77,7 +77,6 @@ class MainWindow final : public QMainWindow {
 
   // What is at a point of the control.
   QPointF mapPixelAt(QPointF Control);
-  QPointF controlPositionOf(QPointF MapPixel);
   std::optional<TCoords> positionAt(QPointF MapPixel);
   QString textAt(QPointF MapPixel);
   void copyText(const QString& Text);
@@ -103,7 +102,6 @@ class MainWindow final : public QMainWindow {
 
   std::optional<MapSource> FShown;
   std::optional<QPointF> FMousePixel;  // where the mouse was last on the map
-  QPointF FMouse;                      // the same, in control pixels
 };
 
 }  // namespace zav

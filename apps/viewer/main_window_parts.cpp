@@ -61,7 +61,6 @@ void MainWindow::makeCenter() {
     // The last position stays when the mouse goes to the status bar to change how it is written.
     if (!FWidget->underMouse()) return;
     FMousePixel = MapPixel;
-    FMouse = controlPositionOf(MapPixel);
     updateReadout();
   });
   auto* Layout = new QVBoxLayout(Center);
@@ -153,7 +152,6 @@ void MainWindow::makeMenus() {
   FView->addAction(ShowList);
   connect(FView, &ViewMenu::viewChanged, this, [this] {
     FGraticule->updateForView();
-    if (FMousePixel && FWidget->underMouse()) FMousePixel = mapPixelAt(FMouse);
     updateStatus();
   });
 

@@ -170,7 +170,7 @@ class TGeoMap : public TCustomControl {
   // Degrees, 0 to 60; 0 is automatic.
   double GratLineDist() const noexcept { return FLook.GratLineDist; }
   void SetGratLineDist(double Degrees);
-  // Whether the graticule of a UTM map runs on beyond the edges of the map's zone (TMapLook).
+  // Whether graticule and grid of a UTM map run on beyond the edges of the map's zone (TMapLook).
   // False at first; repaints when different.
   bool GratInMapZone() const noexcept { return FLook.GratInMapZone; }
   void SetGratInMapZone(bool Value);

@@ -215,17 +215,22 @@ bool TCalibration::ToPixel(double Lat, double Long, double& X, double& Y) const 
   return true;
 }
 
-bool TCalibration::ToPixelInMapZone(double Lat, double Long, double& X, double& Y) const {
+void TCalibration::ToUTMInMapZone(double Lat, double Long, double& Easting,
+                                  double& Northing) const {
   constexpr double FalseNorthing = 10000000.0;
+  LatLongToUTMZone(Lat, Long, FData.UTMZone, FData.Ellipsoid, Easting, Northing);
+  // The false northing is that of the map, on either side of the equator.
+  if (FData.UTMSouth && Lat >= 0) Northing += FalseNorthing;
+  if (!FData.UTMSouth && Lat < 0) Northing -= FalseNorthing;
+}
+
+bool TCalibration::ToPixelInMapZone(double Lat, double Long, double& X, double& Y) const {
   if (FModel != TCalibModel::cmUTM || FData.UTMZone < 1 || !IsFitted()) {
     return ToPixel(Lat, Long, X, Y);
   }
   double Easting = 0;
   double Northing = 0;
-  LatLongToUTMZone(Lat, Long, FData.UTMZone, FData.Ellipsoid, Easting, Northing);
-  // The false northing is that of the map, on either side of the equator.
-  if (FData.UTMSouth && Lat >= 0) Northing += FalseNorthing;
-  if (!FData.UTMSouth && Lat < 0) Northing -= FalseNorthing;
+  ToUTMInMapZone(Lat, Long, Easting, Northing);
   const TExactPixel P = UTMToPixel(FCoef, Northing, Easting);
   X = P.X;
   Y = P.Y;

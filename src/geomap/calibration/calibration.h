@@ -119,6 +119,8 @@ class TCalibration {
   // ToPixel, but a UTM map takes every position in its own zone and hemisphere, so that lines run
   // on across their borders. CalcPixelCoords and ToPixel take each in the zone that it lies in.
   bool ToPixelInMapZone(double Lat, double Long, double& X, double& Y) const;
+  // The position in metres of the map's UTM zone and hemisphere, which must be set (UTMZone >= 1).
+  void ToUTMInMapZone(double Lat, double Long, double& Easting, double& Northing) const;
 
   friend bool operator==(const TCalibration&, const TCalibration&) = default;
 

@@ -36,8 +36,10 @@ struct TMapLook {
   double CacheMagLimit = MaxCacheMagLimit;
   TShowGrat ShowGraticule = TShowGrat::sgNone;
   double GratLineDist = 0;  // degrees, 0 = automatic
-  // Whether the graticule of a UTM map is drawn in the map's own zone beyond the zone's edges, too.
-  // Otherwise each point is taken in the zone it lies in, and a line that leaves the zone jumps.
+  // Whether graticule and grid of a UTM map are drawn in the map's own zone beyond the zone's
+  // edges, too. Otherwise each point is taken in the zone it lies in: a graticule line that leaves
+  // the zone jumps, and the grid has no eastings when the map's lower corners lie in different
+  // zones.
   bool GratInMapZone = false;
   int32_t UTMGridDist = 0;  // metres, 0 = automatic
 };

@@ -20,10 +20,16 @@ struct TUTMPosition {
   double Easting = 0;
 };
 
-TUTMPosition UTMOf(const TCoords& Position, TGeoEllipsoid Ellipsoid) {
+// In the map's zone, or in the one the position lies in.
+TUTMPosition UTMOf(const TCoords& Position, const TCalibration& Calibration, bool InMapZone) {
   TUTMPosition UTM;
-  int Zone = 0;
-  LatLongToUTM(Position.Latit, Position.Longit, Ellipsoid, Zone, UTM.Easting, UTM.Northing);
+  if (InMapZone && Calibration.Data().UTMZone >= 1) {
+    Calibration.ToUTMInMapZone(Position.Latit, Position.Longit, UTM.Easting, UTM.Northing);
+  } else {
+    int Zone = 0;
+    LatLongToUTM(Position.Latit, Position.Longit, Calibration.Data().Ellipsoid, Zone, UTM.Easting,
+                 UTM.Northing);
+  }
   return UTM;
 }
 
@@ -76,9 +82,12 @@ void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device) {
   if (Calibration.Model() != TCalibModel::cmUTM || Data.NumCalQuads <= MorePointsThan) return;
 
   Device.Pen = {Scene.Look.ColorGraticule, TPenStyle::psSolid, TPenMode::pmCopy, Scene.PenWidth()};
-  const TUTMPosition TopLeft = UTMOf(Data.Corners[gcoTopLeft], Data.Ellipsoid);
-  const TUTMPosition BottomLeft = UTMOf(Data.Corners[gcoBottomLeft], Data.Ellipsoid);
-  const TUTMPosition BottomRight = UTMOf(Data.Corners[gcoBottomRight], Data.Ellipsoid);
+  const auto Corner = [&](TCorners Index) {
+    return UTMOf(Data.Corners[Index], Calibration, Scene.Look.GratInMapZone);
+  };
+  const TUTMPosition TopLeft = Corner(gcoTopLeft);
+  const TUTMPosition BottomLeft = Corner(gcoBottomLeft);
+  const TUTMPosition BottomRight = Corner(gcoBottomRight);
   const double Factor =
       LinesPerMetre(Scene.Look.UTMGridDist, TopLeft.Northing - BottomLeft.Northing);
   // Along the map's edges: x stays the same while the northing and the row change, and the other

@@ -86,6 +86,9 @@ void GeoMapWidget::ReportMousePosition() {
     TCoords Position;
     const bool Valid = OnImage && FMap->Calibration().ToGeo(Map.x(), Map.y(), Position);
     if (!Valid) Position = {};
+    const TMousePosition Now{Map, Position, Valid};
+    if (FToldPosition == Now) return;
+    FToldPosition = Now;
     Q_EMIT mousePositionChanged(Map, Position.Latit, Position.Longit, Valid);
   });
 }
@@ -95,7 +98,6 @@ void GeoMapWidget::ReportMousePosition() {
 void GeoMapWidget::ViewChangedByUser() {
   FGestureView = FMap->View();
   FGestureEnd.start();
-  if (FMouseInside) ReportMousePosition();
 }
 
 void GeoMapWidget::EndGesture() {

@@ -139,11 +139,20 @@ void GeoMapWidget::ViewChanged(TGeoMap& Map) {
   if (Self && Now.Magnification != Before.Magnification)
     Q_EMIT magnificationChanged(Now.Magnification);
   if (Self && Now.TopLeft != Before.TopLeft) Q_EMIT topLeftChanged(ToQPoint(Now.TopLeft));
+  if (Self && FMouseInside) ReportMousePosition();
 }
 
-void GeoMapWidget::CalibrationChanged(TGeoMap& /*Map*/) { Q_EMIT calibrationChanged(); }
+void GeoMapWidget::CalibrationChanged(TGeoMap& /*Map*/) {
+  const QPointer<GeoMapWidget> Self(this);
+  Q_EMIT calibrationChanged();
+  if (Self && FMouseInside) ReportMousePosition();
+}
 
-void GeoMapWidget::ImageChanged(TGeoMap& /*Map*/) { Q_EMIT mapChanged(); }
+void GeoMapWidget::ImageChanged(TGeoMap& /*Map*/) {
+  const QPointer<GeoMapWidget> Self(this);
+  Q_EMIT mapChanged();
+  if (Self && FMouseInside) ReportMousePosition();
+}
 
 // --- painting
 

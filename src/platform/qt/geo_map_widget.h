@@ -21,6 +21,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include <QColor>
 #include <QPoint>
@@ -192,9 +193,9 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   // A setting was changed by one of this class's setters.
   void settingsChanged();
 
-  // The mouse moved, or the view under it: the position under the mouse in pixels of the map image
-  // and degrees. Not valid, and 0 degrees, without a map or calibration there, and when the mouse
-  // left.
+  // Another position is under the mouse, because it moved or the map did, by the user or the
+  // program: in pixels of the map image and degrees. Not valid, and 0 degrees, without a map or
+  // calibration there, and when the mouse left.
   void mousePositionChanged(QPointF mapPosition, double latitude, double longitude, bool valid);
   // The left button went up where it went down; a position in the widget.
   void clicked(QPoint position);
@@ -246,8 +247,16 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   QString FMapFile;
   TViewState FShownView;
 
+  // What mousePositionChanged tells.
+  struct TMousePosition {
+    QPointF Map;
+    TCoords Position;
+    bool Valid = false;
+    friend bool operator==(const TMousePosition&, const TMousePosition&) = default;
+  };
   QPointF FMouse;
   bool FMouseInside = false;
+  std::optional<TMousePosition> FToldPosition;
   QPoint FPressed;
   double FWheelUnits = 0;
   QTimer FGestureEnd;  // a pause in zooming and panning without the mouse makes one step of history

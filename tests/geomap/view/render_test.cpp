@@ -343,6 +343,26 @@ TEST(Render, UTMGridOnARealMap) {
   EXPECT_EQ(P.CountWith("LineTo", "pen FF0000"), 9U);
 }
 
+// 250 km on both sides of zone 32's middle at 51 degrees north: the lower corners lie in the zones
+// beside it, where their eastings are the wrong way round.
+TEST(Render, UTMGridOfAMapWiderThanItsZone) {
+  TPicture P({1000, 600}, {1000, 600});
+  P.Scene.Look.ShowGraticule = sgUTMGrid;
+  P.Scene.Look.UTMGridDist = 100000;
+  TCalibData Data;
+  Data.UTMZone = 32;
+  for (const TPoint Pixel : {TPoint{0, 0}, {999, 0}, {0, 599}, {999, 599}}) {
+    Data.CalQuads[static_cast<size_t>(Data.NumCalQuads++)] = {
+        5850000 - Pixel.Y * 500.0, 250000 + Pixel.X * 500.0, Pixel.X, Pixel.Y};
+  }
+  P.Scene.Calibration.SetData(Data, cmUTM);
+  P.Draw();
+  EXPECT_EQ(P.CountWith("LineTo", "pen FF0000"), 3U);  // northings 5600 to 5800 km
+  P.Scene.Look.GratInMapZone = true;
+  P.Draw();
+  EXPECT_EQ(P.CountWith("LineTo", "pen FF0000"), 8U);  // and eastings 300 to 700 km
+}
+
 // However small the spacing and however wild the numbers, there is an end, and not more lines than
 // pixels.
 TEST(Render, SpacingNeverHangs) {

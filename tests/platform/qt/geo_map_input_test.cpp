@@ -158,8 +158,20 @@ TEST_F(GeoMapInput, MousePansAndTellsThePosition) {
   EXPECT_TRUE(Position.last()[3].toBool());
   QTest::keyClick(Widget, Qt::Key_Right);  // the map moved under the mouse
   EXPECT_NEAR(Position.last()[2].toDouble(), 2.4, 1e-6);
+  // The program moves it under the resting mouse, and takes the calibration away.
+  Widget->setTopLeft({300, 200});
+  EXPECT_EQ(Position.last()[0].toPointF(), QPointF(350, 220));
+  Map().SetCalibration({}, TCalibModel::cmUndefined);
+  EXPECT_FALSE(Position.last()[3].toBool());
+  Map().SetCalibration(PlainCalibration(), TCalibModel::cmEquiRect);
+  EXPECT_NEAR(Position.last()[2].toDouble(), 3.5, 1e-6);
+  const auto Told = Position.count();
+  MoveTo({50, 20});  // nowhere else
+  EXPECT_EQ(Position.count(), Told);
   MoveTo({600, 20});
   EXPECT_FALSE(Position.last()[3].toBool());
+  Widget->setTopLeft({0, 0});
+  EXPECT_EQ(Position.count(), Told + 1);
   QTest::mouseClick(Widget, Qt::LeftButton, {}, {9, 9});
   EXPECT_EQ(Clicked.count(), 1);
 
