@@ -178,12 +178,19 @@ void StretchHalf(TBitmap& Dest, const TBitmap& Source, const TAxisMap& X, const 
   }
 }
 
-template <class TPixel>
-void PickPixels(TPixel* Dest, const TPixel* Source, const std::vector<int32_t>& Columns) {
-  for (const int32_t Column : Columns) *Dest++ = Source[Column];
+// Dest[I] = Source[Columns[I]], pixels of the same format.
+void PickPixels(TPixelFormat Format, uint8_t* Dest, const uint8_t* Source,
+                const std::vector<int32_t>& Columns) {
+  WithPixelOf(Format, [&](auto Kind) {
+    using TPixel = decltype(Kind);
+    auto* To = reinterpret_cast<TPixel*>(Dest);
+    const auto* From = reinterpret_cast<const TPixel*>(Source);
+    for (const int32_t Column : Columns) *To++ = From[Column];
+  });
 }
 
-// Each needed source row is brought to the target's format and spread over the row once.
+// Brings each needed source row to the target's format and to its place, whichever of the two
+// leaves the other fewer pixels first.
 void StretchPlain(TBitmap& Dest, const TBitmap& Source, const TAxisMap& X, const TAxisMap& Y) {
   TTargetRows Target(Dest, X, Y);
   std::vector<int32_t> Columns(static_cast<size_t>(X.Count()));
@@ -194,7 +201,8 @@ void StretchPlain(TBitmap& Dest, const TBitmap& Source, const TAxisMap& X, const
   const int32_t Width = Columns.back() + 1;
   const TPixelFormat To = Dest.PixelFormat();
   const TPixelFormat From = Source.PixelFormat();
-  std::vector<uint8_t> Row(BytesOf(To, Width));
+  const bool Shrinks = Width > X.Count();
+  std::vector<uint8_t> Row(Shrinks ? BytesOf(From, X.Count()) : BytesOf(To, Width));
   int32_t Held = -1;
   for (int32_t I = 0; I < Y.Count(); ++I) {
     const int32_t SourceY = Y.Nearest(I);
@@ -203,12 +211,14 @@ void StretchPlain(TBitmap& Dest, const TBitmap& Source, const TAxisMap& X, const
       continue;
     }
     Held = SourceY;
-    ConvertRow(To, Row.data(), From, Source.Row(SourceY) + BytesOf(From, Left), Width);
-    WithPixelOf(To, [&](auto Kind) {
-      using TPixel = decltype(Kind);
-      PickPixels(reinterpret_cast<TPixel*>(Target.At(I)),
-                 reinterpret_cast<const TPixel*>(Row.data()), Columns);
-    });
+    const uint8_t* SourceRow = Source.Row(SourceY) + BytesOf(From, Left);
+    if (Shrinks) {
+      PickPixels(From, Row.data(), SourceRow, Columns);
+      ConvertRow(To, Target.At(I), From, Row.data(), X.Count());
+    } else {
+      ConvertRow(To, Row.data(), From, SourceRow, Width);
+      PickPixels(To, Target.At(I), Row.data(), Columns);
+    }
   }
 }
 

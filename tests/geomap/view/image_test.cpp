@@ -17,7 +17,7 @@ void WriteBmp(const std::string& Path, int32_t Width, int32_t Height, bool Heade
   const auto Put = [&](int64_t Value, int Count) {
     for (; Count > 0; --Count, Value >>= 8) Bytes += static_cast<char>(Value & 0xFF);
   };
-  const int64_t Size = (Width + 31) / 32 * 4 * static_cast<int64_t>(Height);
+  const int64_t Size = (int64_t{Width} + 31) / 32 * 4 * Height;
   Bytes += "BM";
   for (const int64_t Field : {62 + Size, int64_t{0}, int64_t{62}, int64_t{40}}) Put(Field, 4);
   Put(Width, 4);

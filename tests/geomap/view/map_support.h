@@ -73,7 +73,7 @@ std::string ErrorOf(TOperation Operation) {
 
 // Control points of a plain map: ten pixels a degree, (North, West) at pixel (0, 0).
 inline TCalibData PlainQuads(double North, double West, double PixelsPerDegree,
-                             std::vector<TPoint> Pixels) {
+                             const std::vector<TPoint>& Pixels) {
   TCalibData Data;
   for (const TPoint& P : Pixels) {
     Data.CalQuads[static_cast<size_t>(Data.NumCalQuads++)] = {
