@@ -27,7 +27,8 @@ void TGeoMap::SetMapBitMap(const TBitmap& Bitmap) {
 // Does not paint, so that loading a calibration paints once.
 void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) {
   const auto Alive = Life();
-  const std::string Given = Name;  // a handler may change what Name refers to
+  // A handler may change what Name refers to. NOLINTNEXTLINE(performance-unnecessary-copy-*)
+  const std::string Given = Name;
   std::string FileName = Name;
   if (const TMapImgRequestEvent Request = OnMapImageRequest) {
     Request(this, FileName);

@@ -54,7 +54,10 @@ double LinesPerDegree(double Span, double GratLineDist) {
   double Factor = 1;
   double Steps = std::fabs(Span);
   if (!(Steps > 0)) return 0;
-  for (; Steps < 1; Steps *= 10) Factor *= 10;
+  while (Steps < 1) {
+    Steps *= 10;
+    Factor *= 10;
+  }
   return Factor;
 }
 

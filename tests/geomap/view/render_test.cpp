@@ -326,7 +326,7 @@ TEST(Render, UTMGridOnARealMap) {
     const TCalQuad& Upper = Data.CalQuads[Row * 5 + 2];
     const TCalQuad& Lower = Data.CalQuads[Row * 5 + 7];
     EXPECT_GE(Passes(Upper.MapX / 2.0, Upper.MapY / 2.0), 1);
-    for (double N = 4950000; N < 5400000; N += 50000) {
+    for (int N = 4950000; N < 5400000; N += 50000) {
       if (N > Upper.Latitude || N < Lower.Latitude) continue;
       const double T = (Upper.Latitude - N) / (Upper.Latitude - Lower.Latitude);
       EXPECT_EQ(Passes((Upper.MapX + T * (Lower.MapX - Upper.MapX)) / 2,
