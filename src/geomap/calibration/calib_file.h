@@ -43,7 +43,6 @@ void SaveCalData(const std::string& FileName, const std::string& Id, const TCali
                  TCalibModel Model, const std::string& ErrorPrefix);
 
 // --- reading
-// ---------------------------------------------------------------------------------------
 
 // Reads into a caller's record. True exactly when the element was found; otherwise nothing changes.
 // What was read before an error stays in Data.

@@ -60,7 +60,6 @@ void TCalibration::SetUTMHemisphere(THemisphere Hemisphere) noexcept {
 }
 
 // --- fitting
-// --------------------------------------------------------------------------------------
 
 void TCalibration::RecalcCalibration(TProgress& Progress) {
   RecalcGratMat();
@@ -144,7 +143,6 @@ bool TCalibration::Residual(int32_t Index, double& DX, double& DY) const {
 }
 
 // --- conversions
-// ----------------------------------------------------------------------------------
 
 double TCalibration::CalcLatitude(int32_t X, int32_t Y, bool& Valid) const {
   return PixelToLatitude(Fit(), TPixelTerms::Whole(X, Y), Valid);

@@ -32,7 +32,6 @@ double Evaluate(const std::array<double, 6>& C, double A, double B, double AA, d
 }
 
 // --- graticule lines
-// ------------------------------------------------------------------------------
 
 constexpr double MeridianRow = 0.0;
 constexpr double ParallelRow = 1.0;
@@ -134,7 +133,6 @@ TPixelResult ParabolicToPixel(const TMatrix& GratMat, double Lat, double Long, T
 }
 
 // --- the other models
-// -----------------------------------------------------------------------------
 
 TPixelResult ConicToPixel(const std::array<double, 6>& C, double Lat, double Long,
                           TPixelRounding Rounding, TExactPixel& P) {

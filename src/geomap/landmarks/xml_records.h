@@ -57,7 +57,6 @@ constexpr std::string_view XmlTagName(TXmlTag Tag) noexcept {
 bool IsRecordText(std::string_view Text) noexcept;
 
 // --- Attributes
-// ------------------------------------------------------------------------------------
 
 // Reads the pair of name and value that begins at the 1-based byte Pos, and moves Pos behind it.
 // The value stands in double quotes or ends at a blank; the name loses its outer blanks. Returns 0
@@ -71,7 +70,6 @@ int32_t NextAttribute(std::string_view TagText, int32_t& Pos, std::string& Name,
 std::string FindAttribute(std::string_view TagText, std::string_view Name);
 
 // --- Tags
-// ------------------------------------------------------------------------------------------
 
 // Reads on to the next tag whose name, in any case, is one of TagList[0..HighIndex], and returns
 // its index; HighIndex at the end of the file. Attributes receives the tag's text behind the name,
@@ -92,7 +90,6 @@ TXmlTag ReadNextTagInTextFile(TextFile& File, std::string& Attributes, std::stri
 TXmlTag ReadNextTagInStream(TStream& Stream, std::string& Attributes, std::string& Contents);
 
 // --- Lines
-// -----------------------------------------------------------------------------------------
 
 // Reads a line byte by byte. LineEndMode says what ends it: 0 a line feed, 1 a carriage return,
 // 2 either, 3 a carriage return behind a line feed, 4 a line feed behind a carriage return; other

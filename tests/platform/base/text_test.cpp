@@ -100,7 +100,6 @@ TEST(Utf8, CutsAtCharacters) {
 }
 
 // --- numbers
-// -----------------------------------------------------------------------------------------
 
 struct TFloatCase {
   const char* Text;
