@@ -80,6 +80,37 @@ void AddCopy(QPainterPath& Path) {
   AddPolyline(Path, {{5, 16}, {4, 16}, {4, 3}, {16, 3}, {16, 5}});
 }
 
+void AddDiskette(QPainterPath& Path) {
+  Path.addPolygon(QPolygonF{{4, 4}, {16, 4}, {20, 8}, {20, 20}, {4, 20}, {4, 4}});
+  AddPolyline(Path, {{8, 4}, {8, 9}, {15, 9}, {15, 4}});
+  AddPolyline(Path, {{7, 20}, {7, 13}, {17, 13}, {17, 20}});
+}
+
+void AddTurn(QPainterPath& Path, bool ToLeft) {
+  const double Tip = ToLeft ? 4 : 20;
+  const double Wing = ToLeft ? 9 : 15;
+  AddPolyline(Path, {{Wing, 4}, {Tip, 9}, {Wing, 14}});
+  Path.moveTo(Tip, 9);
+  if (ToLeft) {
+    Path.lineTo(14, 9);
+    Path.arcTo(QRectF(9, 9, 10, 10), 90, -180);
+    Path.lineTo(8, 19);
+  } else {
+    Path.lineTo(10, 9);
+    Path.arcTo(QRectF(5, 9, 10, 10), 90, 180);
+    Path.lineTo(16, 19);
+  }
+}
+
+// A control point: ring and cross hair.
+void AddControlPoint(QPainterPath& Path) {
+  Path.addEllipse(QRectF(6, 6, 12, 12));
+  AddPolyline(Path, {{12, 2}, {12, 10}});
+  AddPolyline(Path, {{12, 14}, {12, 22}});
+  AddPolyline(Path, {{2, 12}, {10, 12}});
+  AddPolyline(Path, {{14, 12}, {22, 12}});
+}
+
 void AddWarning(QPainterPath& Path) {
   Path.addPolygon(QPolygonF{{12, 3}, {22, 21}, {2, 21}, {12, 3}});
   AddPolyline(Path, {{12, 9}, {12, 15}});
@@ -117,6 +148,16 @@ QPainterPath StrokesOf(ViewerIcon Icon) {
       break;
     case ViewerIcon::Copy:
       AddCopy(Path);
+      break;
+    case ViewerIcon::Save:
+      AddDiskette(Path);
+      break;
+    case ViewerIcon::Undo:
+    case ViewerIcon::Redo:
+      AddTurn(Path, Icon == ViewerIcon::Undo);
+      break;
+    case ViewerIcon::Calibrate:
+      AddControlPoint(Path);
       break;
     case ViewerIcon::Warning:
       AddWarning(Path);

@@ -20,6 +20,10 @@ enum class ViewerIcon {
   Graticule,
   MapList,
   Copy,
+  Save,
+  Undo,
+  Redo,
+  Calibrate,
   Warning,
   Application,  // in colours of its own
 };
