@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include <geomap/view/renderer.h>
+#include <geomap/view/value_guard.h>
 #include <platform/host/host.h>
 #include <platform/raster/raster_canvas.h>
 
@@ -13,23 +14,6 @@ namespace zav {
 namespace {
 
 constexpr TSize DefaultSize = {500, 400};
-
-// Sets a flag of a control while it lives, unless the control dies first.
-class TFlagGuard {
- public:
-  TFlagGuard(const TComponent& Owner, bool& Flag) : FLife(Owner.Life()), FFlag(Flag) {
-    FFlag = true;
-  }
-  ~TFlagGuard() {
-    if (!FLife.expired()) FFlag = false;
-  }
-  TFlagGuard(const TFlagGuard&) = delete;
-  TFlagGuard& operator=(const TFlagGuard&) = delete;
-
- private:
-  std::weak_ptr<const void> FLife;
-  bool& FFlag;
-};
 
 }  // namespace
 
@@ -141,6 +125,17 @@ TRenderScene TGeoMap::Scene() {
   return Scene;
 }
 
+// The handlers' part in a picture; each tells whether the control is still there.
+TRenderHooks TGeoMap::Hooks() {
+  const auto Hook = [this](TRenderEvent TGeoMap::*Slot) {
+    return [this, Slot, Alive = Life()](TCanvas& Canvas) {
+      if (const TRenderEvent Handler = this->*Slot) Handler(this, Canvas);
+      return !Alive.expired();
+    };
+  };
+  return {Hook(&TGeoMap::OnBeforeRenderData), Hook(&TGeoMap::OnDataRendered)};
+}
+
 // Draws the picture and returns its size in device pixels.
 TSize TGeoMap::Render() {
   const TRenderScene Now = Scene();
@@ -148,27 +143,20 @@ TSize TGeoMap::Render() {
   const std::shared_ptr<TBitmap> Picture = FInternalMapImg;  // outlives the control, if need be
   Picture->SetSize(std::max(Picture->Width(), Size.Width),
                    std::max(Picture->Height(), Size.Height));
-  const auto Hook = [&](TRenderEvent TGeoMap::*Slot) {
-    return [this, Slot, Alive = Life()](TCanvas& Canvas) {
-      if (const TRenderEvent Handler = this->*Slot) Handler(this, Canvas);
-      return !Alive.expired();
-    };
-  };
   TRasterCanvas Canvas(*Picture, &Host().Fonts());
-  RenderMap(Now, {FImage, FGraticule}, Canvas,
-            {Hook(&TGeoMap::OnBeforeRenderData), Hook(&TGeoMap::OnDataRendered)});
+  RenderMap(Now, {FImage, FGraticule}, Canvas, Hooks());
   return Size;
 }
 
 void TGeoMap::ConstructInternalMapImg() {
   if (FPainting) return;
-  const TFlagGuard Painting(*this, FPainting);
+  const TValueGuard Painting(*this, FPainting, true);
   Render();
 }
 
 void TGeoMap::Paint() {
   if (FSuppressPaint || FPainting) return;
-  const TFlagGuard Painting(*this, FPainting);
+  const TValueGuard Painting(*this, FPainting, true);
   const auto Alive = Life();
   const TSize Size = Render();
   if (Alive.expired()) return;

@@ -29,9 +29,11 @@
 #include <geomap/view/graticule.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/map_look.h>
+#include <geomap/view/map_part.h>
 #include <geomap/view/mouse_tools.h>
 #include <geomap/view/mouse_trace.h>
 #include <geomap/view/render_scene.h>
+#include <geomap/view/renderer.h>
 #include <geomap/view/view_state.h>
 #include <geomap/view/zoom_ring.h>
 #include <platform/host/control.h>
@@ -100,6 +102,65 @@ class TGeoMap : public TCustomControl {
   // be held in memory.
   void ResizeMap(int32_t LongestSide);
   void ResizeMap(double Factor);
+
+  // --- saving, copying, printing -----------------------------------------------------------------
+  // Writes the image, encoded again as JPEG of quality 95, and the calibration with the Id: both
+  // have FileName's folder and name, with the extensions ".jpg" and ".xml". From then on MapImgFile
+  // and the calibration name that image, without folder. OnDataLoading tells the progress. Each
+  // file is replaced whole; where anything fails (EInOutError, EImageCancelled, EZAVGeoMapError for
+  // a text that the calibration file cannot hold) both files and the names stay as they were,
+  // unless the very last step, putting the image in its place, is what fails. Without pixels:
+  // EInOutError.
+  void SaveMap(const std::string& FileName, const std::string& Id);
+  // Gives the image's file another name in its folder, with its extension: NewName without the
+  // characters that short file names do not have, without folder and extension. False, and nothing
+  // happens, when no name is left, when there is no file of that name (it is looked for as it was
+  // when it was loaded), or when another file has the new name already. The calibration, its name
+  // of the image and its file stay. Throws EInOutError when the system refuses.
+  bool RenameMapImg(const std::string& NewName);
+
+  // Puts the picture last rendered on the clipboard, with a black line in the place of the frame.
+  // Throws EZAVError, as the next one does, when the host has no clipboard.
+  void CopyToClipboard();
+  // Puts the whole map at magnification 1 with all layers on the clipboard; not without a map.
+  void CopyEntireMapToClipboard();
+  // Draws a part of the map with all its layers, without frame, into the rectangle of Width x
+  // Height pixels at (Left, Top) of a bitmap; the rest of the bitmap stays. TopLeft is the map
+  // pixel at the rectangle's corner, Scale the bitmap's pixels per map pixel. A bitmap that is too
+  // small becomes larger. Nothing happens without a bitmap, a map or an area. Throws
+  // EZAVGeoMapError for a Scale that is not above 0, and when the bitmap would get more than
+  // MaxDecodablePixels.
+  void CopyToBMP(TBitmap* Bitmap, TPoint TopLeft, double Scale, int32_t Left, int32_t Top,
+                 int32_t Width, int32_t Height);
+
+  // Printing. Sizes on paper are printer pixels from the top left of the printable area, parts of
+  // the map rectangles of map pixels. Texts, markers and lines are as large as on a screen of 96
+  // dots per inch. A scale 1:Denominator follows from the map's Resolution, exact along its middle
+  // row; Denominator 0 or less means as large as it fits. Nothing happens without a map or an area.
+  // Throws EPrinterError where there is no printer, or no document is open on it; EZAVGeoMapError
+  // for a true scale of a map whose Resolution is not known.
+
+  // Prints the map on a page of its own; Scale is the share of the largest size that the page
+  // holds, 1 at most. Not above 0: nothing. When it fails the document is thrown away.
+  void PrintIt(double Scale);
+  // Draws the map on the open page at (X, Y), at this share of what the page holds to the right and
+  // below. X and Y become the right and bottom edge of what was drawn.
+  void CopyToOpenPrinter(int32_t& X, int32_t& Y, double Scale);
+  // Draws a part of the map on the open page at (Left, Top); 0: as large as it fits from there.
+  void CopyToOpenPrinter(const TRect& MapPart, int32_t Denominator, int32_t Left, int32_t Top);
+  // Fills a rectangle of the open page with the map from the map pixel TopLeft on, as far as it
+  // goes; 0: all that lies right of and below that pixel.
+  void CopyToOpenPrinter(TPoint TopLeft, int32_t Denominator, int32_t Left, int32_t Top,
+                         int32_t Width, int32_t Height);
+  // The printed size of a part of the map; 0: as large as the page holds. 0 x 0 for an empty part
+  // and when the scale cannot be told. Needs no open document.
+  void CalcExtentsOfPrint(const TRect& MapPart, int32_t Denominator, int32_t& Width,
+                          int32_t& Height);
+
+  // Draws a part of the map on any canvas. The render events fire as for a repaint; while they do,
+  // the view is that of the drawing. False when a handler destroyed the control; a call while the
+  // control paints draws nothing.
+  bool DrawPart(TCanvas& Canvas, const TMapPart& Part);
 
   // --- view --------------------------------------------------------------------------------------
   const TViewState& View() const noexcept { return FView; }
@@ -363,8 +424,13 @@ class TGeoMap : public TCustomControl {
   TSize ControlSize() const noexcept { return {Width(), Height()}; }
   TMouseContext MouseContext() const;
   TRenderScene Scene();
+  TRenderHooks Hooks();
   TSize Render();
   void AcceptImage(const std::string& Name);
+  TImageProgress ImageProgress();
+  std::string ImagePath() const;
+  double PrintFactor(TSize MapPart, int32_t Denominator, TSize Page) const;
+  void PrintPart(TPoint TopLeft, double Factor, const TRect& Area);
   void ForgetImage() noexcept;
   void SizePictureToMap();
   void TraceMouse(TPoint Control);
@@ -373,6 +439,7 @@ class TGeoMap : public TCustomControl {
   std::string FCalDatName;
 
   TMapImage FImage;
+  std::string FImageBeside;  // the file beside which the image was looked for, empty = none
   TViewState FView;
   TZoomRing FZoomRing;
   TZoomGesture FZoomGesture;

@@ -1,14 +1,33 @@
-// geo_map_image.cpp - the control's map image: loaded, replaced, scaled.
+// geo_map_image.cpp - the control's map image: loaded, replaced, scaled, saved, copied.
 // SPDX-License-Identifier: MIT
 #include <geomap/geo_map.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <utility>
 
+#include <platform/base/atomic_file.h>
+#include <platform/base/file_ops.h>
 #include <platform/base/paths.h>
+#include <platform/codec/decoding.h>
+#include <platform/codec/jpeg_writer.h>
+#include <platform/host/host.h>
+#include <platform/host/scaled_canvas.h>
+#include <platform/raster/raster_canvas.h>
 
 namespace zav {
+namespace {
+
+constexpr int SavedQuality = 95;
+
+bool IsAnotherFile(const std::string& Path, const std::string& Than) {
+  std::error_code Error;
+  return std::filesystem::exists(Path, Error) && !std::filesystem::equivalent(Path, Than, Error);
+}
+
+}  // namespace
 
 void TGeoMap::SetMapImgName(const std::string& Name) {
   const auto Alive = Life();
@@ -19,6 +38,7 @@ void TGeoMap::SetMapImgName(const std::string& Name) {
 void TGeoMap::SetMapBitMap(const TBitmap& Bitmap) {
   FImage.SetBitmap(Bitmap);
   AcceptImage(UnknownMapImgName);
+  FImageBeside.clear();
   const auto Alive = Life();
   ReportImage();
   if (!Alive.expired()) Paint();
@@ -29,27 +49,22 @@ void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) 
   const auto Alive = Life();
   // A handler may change what Name refers to. NOLINTNEXTLINE(performance-unnecessary-copy-*)
   const std::string Given = Name;
+  const std::string Beside = BesideFile;
   std::string FileName = Name;
   if (const TMapImgRequestEvent Request = OnMapImageRequest) {
     Request(this, FileName);
     if (Alive.expired()) return;
   }
   FImage.InvalidateCache();
-  const std::string Path =
-      BesideFile.empty() ? ResolveFile(FileName) : ResolveFile(FileName, BesideFile);
+  const std::string Path = Beside.empty() ? ResolveFile(FileName) : ResolveFile(FileName, Beside);
   if (Path.empty()) {
     ForgetImage();
     return Notify(&TGeoMapObserver::ImageChanged);
   }
 
-  const auto Progress = [&](int Percent) {
-    bool Cancel = false;
-    if (const TProgressEvent Handler = OnDataLoading) Handler(this, Percent, Cancel);
-    return !Alive.expired() && !Cancel;
-  };
   std::optional<TBitmap> Bitmap;
   try {
-    Bitmap = Framed([&] { return ReadMapBitmap(Path, Progress); });
+    Bitmap = Framed([&] { return ReadMapBitmap(Path, ImageProgress()); });
   } catch (const EImageCancelled&) {
     if (Alive.expired()) return;  // there is no one left to tell
     throw;
@@ -57,7 +72,17 @@ void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) 
   if (Alive.expired()) return;
   if (Bitmap) FImage.SetBitmap(std::move(*Bitmap));
   AcceptImage(Given);
+  FImageBeside = Beside;
   ReportImage();
+}
+
+// OnDataLoading as a progress handler; it cancels when the control is gone.
+TImageProgress TGeoMap::ImageProgress() {
+  return [this, Alive = Life()](int Percent) {
+    bool Cancel = false;
+    if (const TProgressEvent Handler = OnDataLoading) Handler(this, Percent, Cancel);
+    return !Alive.expired() && !Cancel;
+  };
 }
 
 void TGeoMap::AcceptImage(const std::string& Name) {
@@ -98,6 +123,86 @@ void TGeoMap::ResizeMap(double Factor) {
   const auto Alive = Life();
   ReportImage();
   if (!Alive.expired()) ReportCalibration();
+}
+
+// --- saving and copying --------------------------------------------------------------------------
+
+void TGeoMap::SaveMap(const std::string& FileName, const std::string& Id) {
+  const std::string Base = StripExtension(FileName);
+  const std::string Name = StripPath(Base) + ".jpg";
+  const std::string Path = DirectoryOf(FileName) + Name;
+  if (StripPath(Base).empty()) throw EInOutError(FileName, "names no file");
+  if (FImage.Empty()) throw EInOutError(Path, "there is no map image to save");
+  TCalibData Data = CalibData();
+  Data.MapFName = Name;
+  const TCalibModel Model = CalibModel();
+  const TBitmap Pixels = FImage.Bitmap();  // a progress handler may change the map
+
+  const auto Alive = Life();
+  const std::string Prefix = ComponentMessage("");
+  TAtomicFile File(Path);
+  try {
+    const TImageProgress Progress = ImageProgress();
+    TPercentReport Report(Progress);
+    EncodeJpeg(Pixels, SavedQuality, Path, File, Report);
+    Report.Report(100);
+    File.Sync();
+  } catch (const EImageCancelled&) {
+    if (Alive.expired()) return;  // there is no one left to tell
+    throw;
+  }
+  // The image is whole by now, so that hardly anything can come between the two files.
+  SaveCalData(Base + ".xml", Id, Data, Model, Prefix);
+  File.Commit();
+  if (Alive.expired()) return;
+  FCalibration.SetMapFName(Name);
+  FImageBeside = Base + ".xml";
+  FImage.Rename(Name);
+  Notify(&TGeoMapObserver::ImageChanged);
+}
+
+// Where the image's file is now; empty when there is none.
+std::string TGeoMap::ImagePath() const {
+  return FImageBeside.empty() ? ResolveFile(FImage.Name())
+                              : ResolveFile(FImage.Name(), FImageBeside);
+}
+
+bool TGeoMap::RenameMapImg(const std::string& NewName) {
+  const std::string Base = StripExtension(StripPath(ReduceStringToFN83CompliantChars(NewName)));
+  const std::string Path = ImagePath();
+  if (Base.find_first_not_of('.') == std::string::npos || Path.empty()) return false;
+  const std::string Name = Base + ExtensionOf(FImage.Name());
+  const std::string NewPath = DirectoryOf(Path) + Name;
+  if (IsAnotherFile(NewPath, Path)) return false;
+  if (const int Error = FileOps().Rename(Path, NewPath); Error != 0) {
+    throw EInOutError(Path, SystemReason(Error));
+  }
+  FImage.Rename(DirectoryOf(FImage.Name()) + Name);
+  Notify(&TGeoMapObserver::ImageChanged);
+  return true;
+}
+
+void TGeoMap::CopyToClipboard() {
+  const TRenderScene Now = Scene();
+  const TSize Size = Now.DeviceSize();
+  const int32_t W = Width();
+  const int32_t H = Height();
+  TBitmap Copy(Size.Width, Size.Height, TPixelFormat::pf32bit);
+  TRasterCanvas Device(Copy);
+  TScaledCanvas Canvas(Device, Now.Scale);
+  const TRect Inside = Canvas.DeviceRect({2, 2, W - 2, H - 2});
+  Device.CopyRect(Inside.Left, Inside.Top, *FInternalMapImg, Inside);
+  Canvas.Pen = {clBlack};
+  Canvas.Brush.Style = TBrushStyle::bsClear;
+  Canvas.Rectangle(1, 1, W - 1, H - 1);
+  Host().Clipboard().SetBitmap(Copy);
+}
+
+void TGeoMap::CopyEntireMapToClipboard() {
+  TBitmap Copy(TPixelFormat::pf32bit);
+  THost& Owner = Host();  // a handler may destroy the control
+  CopyToBMP(&Copy, {0, 0}, 1, 0, 0, FImage.Width(), FImage.Height());
+  if (!Copy.Empty()) Owner.Clipboard().SetBitmap(Copy);
 }
 
 }  // namespace zav

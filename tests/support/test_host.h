@@ -51,6 +51,16 @@ class TTestWindow final : public TControlWindow {
 
 class TTestHost final : public THost {
  public:
+  // Neither is there unless the test puts it there.
+  TClipboard* TestClipboard = nullptr;
+  TPrinter* TestPrinter = nullptr;
+  TClipboard& Clipboard() override {
+    return TestClipboard != nullptr ? *TestClipboard : THost::Clipboard();
+  }
+  TPrinter& Printer() override {
+    return TestPrinter != nullptr ? *TestPrinter : THost::Printer();
+  }
+
   TFontEngine& Fonts() override { return FFonts; }
   std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) override;
   void ProcessMessages() override;

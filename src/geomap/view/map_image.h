@@ -49,6 +49,8 @@ class TMapImage {
   // Gives the bitmap its name; its size becomes the one that counts. Throws EZAVGeoMapError with
   // the bare reason, and changes nothing, when it has more than MaxMapPixels.
   void Accept(const std::string& Name);
+  // Another name for the same picture.
+  void Rename(const std::string& Name) { FName = Name; }
   // No map: no name, size 0. The bitmap stays.
   void Forget() noexcept;
   // Scales the bitmap by a factor above 0; its sides are rounded. Throws as Accept for a result of

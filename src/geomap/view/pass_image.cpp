@@ -52,7 +52,7 @@ TRectDouble SourceOf(const TRenderScene& Scene) {
   const TPoint From = Scene.View.TopLeft;
   TRectDouble Source{static_cast<double>(From.X), static_cast<double>(From.Y),
                      From.X + Size.Width / Factor, From.Y + Size.Height / Factor};
-  if (Scene.Scale == 1) {
+  if (Scene.Scale == 1 && Scene.OnScreen) {
     Source.Right = RoundHalfEven(Source.Right);
     Source.Bottom = RoundHalfEven(Source.Bottom);
   }
@@ -64,9 +64,11 @@ TRectDouble SourceOf(const TRenderScene& Scene) {
 void DrawImage(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device) {
   const TViewState& View = Scene.View;
   const TSize Size = Scene.DeviceSize();
-  Image.UpdateCache(View.Magnification, Scene.Scale, Scene.Look.AntiAlias,
-                    Scene.Look.CacheMagLimit);
-  if (Image.CacheHolds(View.Magnification, Scene.Scale)) {
+  if (Scene.OnScreen) {
+    Image.UpdateCache(View.Magnification, Scene.Scale, Scene.Look.AntiAlias,
+                      Scene.Look.CacheMagLimit);
+  }
+  if (Scene.OnScreen && Image.CacheHolds(View.Magnification, Scene.Scale)) {
     const double Factor = View.Magnification * Scene.Scale;
     const double X = RoundHalfEven(View.TopLeft.X * Factor);
     const double Y = RoundHalfEven(View.TopLeft.Y * Factor);

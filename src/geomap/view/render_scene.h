@@ -21,7 +21,10 @@ struct TRenderScene {
   TMapLook Look;
   bool ShowMap = false;  // false: only background and message
   bool Visible = true;   // false: neither map nor message
-  TSize Map;             // the image's size
+  // False for a picture to keep and for a page: without frame, and the image is placed exactly and
+  // not taken from the cache, which holds what a screen needs.
+  bool OnScreen = true;
+  TSize Map;  // the image's size
   TCalibration Calibration;
   TMouseTrace Trace;
 

@@ -64,7 +64,7 @@ bool RenderMap(const TRenderScene& Scene, const TRenderStores& Stores, TCanvas& 
     if (!DrawMapLayers(Scene, Stores, Device, Control, Hooks)) return false;
   }
   DrawTrace(Scene.Trace, Scene.View, Scene.Scale, {0, 0}, Device);
-  DrawMapFrame(Scene, Control);
+  if (Scene.OnScreen) DrawMapFrame(Scene, Control);
   return true;
 }
 

@@ -84,9 +84,13 @@ void TAtomicFile::Write(const void* Data, size_t Size) {
   Write(std::string_view(static_cast<const char*>(Data), Size));
 }
 
-void TAtomicFile::Commit() {
+void TAtomicFile::Sync() {
   Flush();
   if (const int error = FileOps().Sync(FHandle); error != 0) Fail(error);
+}
+
+void TAtomicFile::Commit() {
+  Sync();
   const int handle = FHandle;
   FHandle = -1;
   int error = FileOps().Close(handle);

@@ -23,6 +23,8 @@ class TAtomicFile {
 
   void Write(std::string_view Bytes);
   void Write(const void* Data, size_t Size);
+  // Returns when everything written so far is on the disk.
+  void Sync();
   // Flushes to the disk, then replaces the old file. Nothing can be written afterwards.
   void Commit();
 

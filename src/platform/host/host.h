@@ -8,8 +8,10 @@
 
 #include <memory>
 
+#include <platform/host/clipboard.h>
 #include <platform/host/control.h>
 #include <platform/host/font.h>
+#include <platform/host/printer.h>
 
 namespace zav {
 
@@ -22,6 +24,10 @@ class THost {
   virtual std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) = 0;
   // Delivers the application's pending events.
   virtual void ProcessMessages() = 0;
+
+  // Both live as long as the host. A host that has none throws EZAVError, EPrinterError.
+  virtual TClipboard& Clipboard() { throw EZAVError("There is no clipboard"); }
+  virtual TPrinter& Printer() { throw EPrinterError("There is no printer"); }
 };
 
 }  // namespace zav

@@ -1,0 +1,19 @@
+// clipboard.h - the host's clipboard.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_HOST_CLIPBOARD_H
+#define ZAV_PLATFORM_HOST_CLIPBOARD_H
+
+namespace zav {
+
+class TBitmap;
+
+class TClipboard {
+ public:
+  virtual ~TClipboard() = default;
+  // Puts a copy of the picture on the clipboard, in the place of what was there.
+  virtual void SetBitmap(const TBitmap& Bitmap) = 0;
+};
+
+}  // namespace zav
+
+#endif
