@@ -30,7 +30,7 @@ struct TypedPosition {
 // always that.
 TypedPosition ParseTypedPosition(const QString& Text);
 
-// One angle ("10 30 E", "-47.5"), for the value of a graticule line: -180..180 for a meridian,
+// One angle ("10 30 E", "-47.5"), for the value of a graticule line: -360..360 for a meridian,
 // -90..90 for a parallel.
 struct TypedAngle {
   std::optional<double> Degrees;

@@ -6,12 +6,13 @@
 #include <platform/codec/image_file.h>
 
 #include <cmath>
-#include <filesystem>
 #include <memory>
 
-#include "calibration_points.h"
 #include "calibration_report.h"
-#include "geo_columns.h"
+#include "common/calibration_doubts.h"
+#include "common/calibration_points.h"
+#include "common/geo_columns.h"
+#include "common/relative_name.h"
 #include "program.h"
 
 namespace zav {
@@ -44,16 +45,6 @@ TPointsOptions PointsOptionsOf(const TCalibrateOptions& Options) {
   return Result;
 }
 
-// The image's name as it is to stand in the calibration file: from the file's folder, so that both
-// can be moved together.
-std::string NameFromFolderOf(const std::string& Output, const std::string& Image) {
-  namespace fs = std::filesystem;
-  std::error_code Error;
-  const fs::path Folder = fs::weakly_canonical(fs::absolute(Output), Error).parent_path();
-  const fs::path Relative = fs::weakly_canonical(Image, Error).lexically_relative(Folder);
-  return Error || Relative.empty() ? Image : Relative.generic_string();
-}
-
 int Calibrate(const TCalibrateOptions& Options) {
   const TPointsOptions PointsOptions = PointsOptionsOf(Options);
   const TSize Size = ReadImageSize(Options.Image, ImageKindOfName(Options.Image));
@@ -68,7 +59,8 @@ int Calibrate(const TCalibrateOptions& Options) {
   Calibration.SetData(Data, PointsOptions.Model);
   const std::vector<TResidual> Table = Residuals(Calibration);
   PrintResiduals(Calibration, Table);
-  for (const std::string& Doubt : Doubts(Calibration, Table)) PrintWarning(Doubt);
+  for (const TDoubt& Doubt : FindDoubts(Calibration, Table))
+    PrintWarning(DoubtText(Doubt, Calibration, Table));
   if (Data.UTMZone == 60)
     PrintWarning("the file cannot hold zone 60; the map will not convert when it is read again");
   SaveCalData(Options.Output, "", Calibration.Data(), Calibration.Model(), Options.Output + ": ");

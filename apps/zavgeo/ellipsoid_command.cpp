@@ -9,12 +9,12 @@ namespace {
 int PrintEllipsoids() {
   TRow Row;
   for (const char* Name : {"id", "name", "a", "b", "reciprocal_flattening"}) Row << Name;
-  Row.Print();
+  Print(Row);
   for (size_t i = 0; i < NumGeoEllipsoids; ++i) {
     const auto Ellipsoid = static_cast<TGeoEllipsoid>(i);
     Row << GeoEllipsoidId[i] << GeoEllipsoidName[i] << AxesOf(Ellipsoid).A << AxesOf(Ellipsoid).B
         << RecipFlattening(Ellipsoid);
-    Row.Print();
+    Print(Row);
   }
   return 0;
 }

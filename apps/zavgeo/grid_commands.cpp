@@ -7,7 +7,7 @@
 #include <cmath>
 #include <memory>
 
-#include "geo_columns.h"
+#include "common/geo_columns.h"
 #include "program.h"
 
 namespace zav {

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "geo_columns.h"
+#include "common/geo_columns.h"
 #include "map_file.h"
 #include "program.h"
 
@@ -30,7 +30,7 @@ template <typename T>
 void PrintProperty(std::string_view Name, const T& Value) {
   TRow Row;
   Row << Name << Value;
-  Row.Print();
+  Print(Row);
 }
 
 void PrintCorners(const TCalibData& Data) {

@@ -13,7 +13,7 @@
 #include <geobasics/ellipsoids.h>
 #include <platform/base/errors.h>
 
-#include "table.h"
+#include "table_output.h"
 
 namespace zav {
 

@@ -1,14 +1,12 @@
-// table.h - tables of comma-separated values turned into other tables, line by line.
+// table.h - tables of comma-separated values, read line by line.
 //
 // Columns are found by the names in the header line, in any order and case; a table whose first
-// line holds a number has no header and is taken by position. A line that fails is told on standard
-// error with file and line number and gives an empty row, so that input and output stay aligned.
+// line holds a number has no header and is taken by position.
 // SPDX-License-Identifier: MIT
-#ifndef ZAV_APPS_ZAVGEO_TABLE_H
-#define ZAV_APPS_ZAVGEO_TABLE_H
+#ifndef ZAV_APPS_COMMON_TABLE_H
+#define ZAV_APPS_COMMON_TABLE_H
 
-#include <functional>
-#include <initializer_list>
+#include <cstdint>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -18,7 +16,7 @@
 
 #include <platform/base/errors.h>
 
-#include "csv.h"
+#include "common/csv.h"
 
 namespace zav {
 
@@ -45,7 +43,8 @@ class TTable {
   // Whether the header names the column; false without a header.
   bool HeaderHas(std::string_view Names) const;
   bool HasHeader() const noexcept { return FHasHeader; }
-  // The number of fields of the first line.
+  // The first field of the first line, empty for an empty table; the number of its fields.
+  const std::string& FirstField() const;
   size_t Width() const noexcept { return FFirst.Fields.size(); }
   // What Text and Number are asked for by index. Throws EInOutError when the header lacks one.
   void SetColumns(std::vector<TColumn> Columns);
@@ -60,7 +59,8 @@ class TTable {
   double Latitude(size_t Column) const { return Number(Column, -90, 90); }
   double Longitude(size_t Column) const { return Number(Column, -360, 360); }
 
-  // "FILE:LINE", for messages.
+  // The number of the line, and "FILE:LINE" for messages.
+  int64_t Line() const noexcept { return FRecord.Line; }
   std::string Place() const;
 
  private:
@@ -75,42 +75,6 @@ class TTable {
   std::vector<TColumn> FColumns;
   std::vector<std::optional<size_t>> FFields;  // of each column
 };
-
-// One row of output. Numbers are the shortest text that reads back as the same number.
-class TRow {
- public:
-  TRow& operator<<(double Value);
-  TRow& operator<<(int Value);
-  TRow& operator<<(bool Value);
-  TRow& operator<<(std::string_view Text);
-  TRow& operator<<(const char* Text) { return *this << std::string_view(Text); }
-  // Writes the row to standard output.
-  void Print();
-
- private:
-  void Separate();
-
-  std::string FText;
-  bool FEmpty = true;
-};
-
-struct TTableOptions {
-  std::string File = "-";
-  bool Strict = false;  // stop at the first line that fails
-};
-
-// Prints Header and a row for each line of the table, made by Convert; ends with 1 when a line
-// failed, else 0. A failed row has as many empty fields as Header has names.
-int ConvertTable(const TTableOptions& Options, std::vector<TColumn> Columns,
-                 std::initializer_list<std::string_view> Header,
-                 const std::function<void(const TTable& In, TRow& Out)>& Convert);
-
-// Ends standard output. Throws EInOutError when something could not be written.
-void FinishOutput();
-
-// Prints "zavgeo: TEXT" on standard error.
-void PrintError(const std::string& Text);
-void PrintWarning(const std::string& Text);
 
 }  // namespace zav
 

@@ -1,13 +1,13 @@
 // geo_columns.h - columns that several commands read, and hemispheres in words.
 // SPDX-License-Identifier: MIT
-#ifndef ZAV_APPS_ZAVGEO_GEO_COLUMNS_H
-#define ZAV_APPS_ZAVGEO_GEO_COLUMNS_H
+#ifndef ZAV_APPS_COMMON_GEO_COLUMNS_H
+#define ZAV_APPS_COMMON_GEO_COLUMNS_H
 
 #include <platform/base/text.h>
 
 #include <string>
 
-#include "table.h"
+#include "common/table.h"
 
 namespace zav {
 

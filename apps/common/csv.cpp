@@ -1,6 +1,6 @@
 // csv.cpp - splitting and quoting.
 // SPDX-License-Identifier: MIT
-#include "csv.h"
+#include "common/csv.h"
 
 #include <platform/base/errors.h>
 #include <platform/base/text_format.h>

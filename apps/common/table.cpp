@@ -1,6 +1,6 @@
-// table.cpp - columns, lines, rows.
+// table.cpp - columns and lines.
 // SPDX-License-Identifier: MIT
-#include "table.h"
+#include "common/table.h"
 
 #include <platform/base/text.h>
 #include <platform/base/text_format.h>
@@ -9,7 +9,6 @@
 #include <cmath>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <utility>
 
 namespace zav {
@@ -26,17 +25,6 @@ std::optional<size_t> FindField(const std::vector<std::string>& Header, std::str
     Names.remove_prefix(std::min(Name.size() + 1, Names.size()));
   }
   return std::nullopt;
-}
-
-// The shortest digits that read back as the same number, without an exponent where that is not too
-// long: 2000000, not 2e+06.
-std::string PlainNumber(double Value) {
-  const double Size = std::fabs(Value);
-  if (Size != 0 && (Size < 1e-7 || Size >= 1e15)) return ShortestNumber(Value);
-  char Buffer[64];
-  const auto [End, Error] =
-      std::to_chars(std::begin(Buffer), std::end(Buffer), Value, std::chars_format::fixed);
-  return Error == std::errc() ? std::string(Buffer, End) : ShortestNumber(Value);
 }
 
 }  // namespace
@@ -77,6 +65,11 @@ TTable::~TTable() = default;
 
 bool TTable::HeaderHas(std::string_view Names) const {
   return FHasHeader && FindField(FFirst.Fields, Names).has_value();
+}
+
+const std::string& TTable::FirstField() const {
+  static const std::string Absent;
+  return FFirst.Fields.empty() ? Absent : FFirst.Fields.front();
 }
 
 void TTable::SetColumns(std::vector<TColumn> Columns) {
@@ -128,77 +121,5 @@ double TTable::Number(size_t Column, double Low, double High) const {
 }
 
 std::string TTable::Place() const { return FReader->Name() + ":" + IntegerText(FRecord.Line); }
-
-void TRow::Separate() {
-  if (!FEmpty) FText += ',';
-  FEmpty = false;
-}
-
-TRow& TRow::operator<<(double Value) {
-  Separate();
-  FText += PlainNumber(Value);
-  return *this;
-}
-
-TRow& TRow::operator<<(int Value) {
-  Separate();
-  FText += IntegerText(Value);
-  return *this;
-}
-
-TRow& TRow::operator<<(bool Value) { return *this << (Value ? "true" : "false"); }
-
-TRow& TRow::operator<<(std::string_view Text) {
-  Separate();
-  AppendCsvField(FText, Text);
-  return *this;
-}
-
-void TRow::Print() {
-  FText += '\n';
-  std::cout.write(FText.data(), static_cast<std::streamsize>(FText.size()));
-  FText.clear();
-  FEmpty = true;
-}
-
-int ConvertTable(const TTableOptions& Options, std::vector<TColumn> Columns,
-                 std::initializer_list<std::string_view> Header,
-                 const std::function<void(const TTable& In, TRow& Out)>& Convert) {
-  TTable Table(Options.File);
-  Table.SetColumns(std::move(Columns));
-  TRow Names;
-  TRow Blank;
-  for (const std::string_view Name : Header) {
-    Names << Name;
-    Blank << "";
-  }
-  Names.Print();
-  int Status = 0;
-  while (Table.Next() && std::cout) {
-    TRow Row;
-    try {
-      Convert(Table, Row);
-    } catch (const ELineError& Error) {
-      PrintError(Table.Place() + ": " + Error.what());
-      Status = 1;
-      if (Options.Strict) break;
-      Row = Blank;
-    }
-    Row.Print();
-  }
-  return Status;
-}
-
-void FinishOutput() {
-  std::cout.flush();
-  if (!std::cout) throw EInOutError("standard output", "cannot be written");
-}
-
-void PrintError(const std::string& Text) {
-  std::cout.flush();  // in order where both go to the same place
-  std::cerr << "zavgeo: " << Text << '\n';
-}
-
-void PrintWarning(const std::string& Text) { PrintError("warning: " + Text); }
 
 }  // namespace zav

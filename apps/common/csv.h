@@ -4,8 +4,8 @@
 // LF or CR; a byte order mark is skipped, and so are empty lines and lines that begin with "#". The
 // separator is found out from the first record: tab, else ";", else ",".
 // SPDX-License-Identifier: MIT
-#ifndef ZAV_APPS_ZAVGEO_CSV_H
-#define ZAV_APPS_ZAVGEO_CSV_H
+#ifndef ZAV_APPS_COMMON_CSV_H
+#define ZAV_APPS_COMMON_CSV_H
 
 #include <cstdint>
 #include <istream>
