@@ -64,8 +64,8 @@ double LinesPerDegree(double Span, double GratLineDist) {
 // One family of lines. PositionAt(line's value, value along it) is the position of a point.
 template <typename TPositionAt>
 void AddFamily(const TCalibration& Calibration, bool InMapZone, const TLineSeries& Series,
-               int Pieces, double From, double To, double Factor, TPositionAt PositionAt,
-               std::vector<TPolyline>& Lines) {
+               int Pieces, double From, double To, double Factor, int32_t Parts,
+               TPositionAt PositionAt, std::vector<TPolyline>& Lines) {
   const auto At = [&](double Index, int Piece) -> TCoords {
     return PositionAt(Series.Value(Index), From + Piece * (To - From) / Pieces);
   };
@@ -96,10 +96,12 @@ void AddFamily(const TCalibration& Calibration, bool InMapZone, const TLineSerie
       TPoint P;
       double X = 0;
       double Y = 0;
-      if (InMapZone && ToPixel(Position, X, Y)) {
-        P = {RoundHalfEven(X), RoundHalfEven(Y)};
+      if ((InMapZone || Parts > 1) && ToPixel(Position, X, Y)) {
+        P = {RoundHalfEven(X * Parts), RoundHalfEven(Y * Parts)};
       } else {
         Calibration.CalcPixelCoords(Position.Latit, Position.Longit, P.X, P.Y);
+        P = {RoundHalfEven(static_cast<double>(P.X) * Parts),
+             RoundHalfEven(static_cast<double>(P.Y) * Parts)};
       }
       AddPoint(Line, P);
     }
@@ -107,7 +109,7 @@ void AddFamily(const TCalibration& Calibration, bool InMapZone, const TLineSerie
 }
 
 std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, bool InMapZone,
-                               double Factor) {
+                               double Factor, int32_t Parts) {
   const TModelLines Model = ModelLinesOf(Calibration.Model());
   std::vector<TPolyline> Lines;
   if (Model.Pieces == 0 || Calibration.Data().NumCalQuads <= Model.MorePointsThan) return Lines;
@@ -115,7 +117,7 @@ std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, boo
   AddFamily(
       Calibration, InMapZone,
       MakeLineSeries(Area.South, Area.North, LinesPerDegree(Area.North - Area.South, Dist)),
-      Model.Pieces, Area.West, Area.East, Factor,
+      Model.Pieces, Area.West, Area.East, Factor, Parts,
       [](double Lat, double Long) -> TCoords {
         return {Lat, Long};
       },
@@ -123,7 +125,7 @@ std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, boo
   AddFamily(
       Calibration, InMapZone,
       MakeLineSeries(Area.West, Area.East, LinesPerDegree(Area.East - Area.West, Dist)),
-      Model.Pieces, Area.South, Area.North, Factor,
+      Model.Pieces, Area.South, Area.North, Factor, Parts,
       [](double Long, double Lat) -> TCoords {
         return {Lat, Long};
       },
@@ -134,18 +136,19 @@ std::vector<TPolyline> LinesOf(const TCalibration& Calibration, double Dist, boo
 }  // namespace
 
 const std::vector<TPolyline>& TGraticule::Lines(const TCalibration& Calibration,
-                                                double GratLineDist, bool InMapZone,
-                                                double Factor) {
+                                                double GratLineDist, bool InMapZone, double Factor,
+                                                int32_t Parts) {
   if (FValid && FGratLineDist == GratLineDist && FInMapZone == InMapZone && FFactor == Factor &&
-      FCalibration == Calibration) {
+      FParts == Parts && FCalibration == Calibration) {
     return FLines;
   }
   FValid = false;  // until all is there: memory may run out
-  FLines = LinesOf(Calibration, GratLineDist, InMapZone, Factor);
+  FLines = LinesOf(Calibration, GratLineDist, InMapZone, Factor, Parts);
   FCalibration = Calibration;
   FGratLineDist = GratLineDist;
   FInMapZone = InMapZone;
   FFactor = Factor;
+  FParts = Parts;
   FValid = true;
   return FLines;
 }

@@ -24,9 +24,10 @@ class TGraticule {
   // The lines for a spacing in degrees, 0 for an automatic one, leaving out those that are less
   // than a device pixel from the one before; Factor is device pixels a map pixel. Empty for a model
   // without a graticule and for too few control points. InMapZone: see TMapLook::GratInMapZone.
-  // Valid until the next call.
+  // Points are map pixels, or parts of them, as many to a pixel as Parts says. Valid until the next
+  // call.
   const std::vector<TPolyline>& Lines(const TCalibration& Calibration, double GratLineDist,
-                                      bool InMapZone, double Factor);
+                                      bool InMapZone, double Factor, int32_t Parts = 1);
 
  private:
   bool FValid = false;
@@ -34,6 +35,7 @@ class TGraticule {
   double FGratLineDist = 0;
   bool FInMapZone = false;
   double FFactor = 0;
+  int32_t FParts = 1;
   std::vector<TPolyline> FLines;
 };
 

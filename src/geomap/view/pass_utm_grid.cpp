@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <geobasics/utm.h>
+#include <geomap/calibration/conversion.h>
 #include <geomap/view/line_series.h>
 #include <geomap/view/passes.h>
 #include <platform/base/line2d.h>
@@ -96,21 +97,32 @@ void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device) {
   const auto& Y = Calibration.Coefficients().CalCoefPixY;
   const double RowsPerNorthing = Y[1] - Y[2] * X[1] / X[2];
   const double ColumnsPerEasting = X[2] - X[1] * Y[2] / Y[1];
+  const bool Whole = Scene.PartsOfPixel() == 1;
+  const auto RowAt = [&](double Northing, int32_t Column) -> double {
+    if (Whole) return Calibration.CalcUTMyFromNorthingX(Northing, Column);
+    const double Easting = (Column - X[0] - X[1] * Northing) / X[2];
+    return UTMToPixel(Calibration.Coefficients(), Northing, Easting).Y;
+  };
+  const auto ColumnAt = [&](double Easting, int32_t Row) -> double {
+    if (Whole) return Calibration.CalcUTMxFromEastingY(Easting, Row);
+    const double Northing = (Row - Y[0] - Y[2] * Easting) / Y[1];
+    return UTMToPixel(Calibration.Coefficients(), Northing, Easting).X;
+  };
   const int32_t Width = Scene.Map.Width;
   const int32_t Height = Scene.Map.Height;
   DrawFamily(
       Scene, MakeLineSeries(BottomLeft.Northing, TopLeft.Northing + 1 / Factor, Factor),
       RowsPerNorthing,
       [&](double Northing) -> TLineEnds {
-        return {Scene.ToDevice(0, Calibration.CalcUTMyFromNorthingX(Northing, 0)),
-                Scene.ToDevice(Width, Calibration.CalcUTMyFromNorthingX(Northing, Width))};
+        return {Scene.ToDevice(0, RowAt(Northing, 0)),
+                Scene.ToDevice(Width, RowAt(Northing, Width))};
       },
       Device);
   DrawFamily(
       Scene, MakeLineSeries(BottomLeft.Easting, BottomRight.Easting, Factor), ColumnsPerEasting,
       [&](double Easting) -> TLineEnds {
-        return {Scene.ToDevice(Calibration.CalcUTMxFromEastingY(Easting, 0), 0),
-                Scene.ToDevice(Calibration.CalcUTMxFromEastingY(Easting, Height), Height)};
+        return {Scene.ToDevice(ColumnAt(Easting, 0), 0),
+                Scene.ToDevice(ColumnAt(Easting, Height), Height)};
       },
       Device);
 }

@@ -33,6 +33,11 @@ struct TRenderScene {
   TPoint ToDevice(double MapX, double MapY) const noexcept {
     return MapImageToDevice(View, Scale, MapX, MapY);
   }
+  // Lines are placed by whole map pixels, but for pictures and pages that show a map pixel larger
+  // than a control ever does: how many parts of one are told apart.
+  int32_t PartsOfPixel() const noexcept {
+    return OnScreen || View.Magnification * Scale <= MaxMagnification ? 1 : 16;
+  }
   // The device pixels of a length in control pixels, at least 1.
   int32_t PenWidth() const noexcept;
 };

@@ -28,6 +28,8 @@ constexpr const char* ShippedFamily = "Liberation Sans";
 constexpr int64_t MaxMaskPixels = 32000000;
 constexpr size_t MaxCacheBytes = 4 << 20;
 constexpr size_t MaxFaces = 64;
+constexpr int MaxScreenPixels = 1000;  // a glyph's height
+constexpr int MaxPagePixels = 20000;
 
 // Registers the built-in faces with Qt, once a process.
 void LoadShippedFonts() {
@@ -44,6 +46,12 @@ void LoadShippedFonts() {
   static_cast<void>(Loaded);
 }
 
+void RequireFonts() {
+  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)
+    throw EZAVError("Text cannot be drawn before a QGuiApplication has been made");
+  LoadShippedFonts();
+}
+
 QString FamilyFor(const std::string& Name) {
   QString Family = QString::fromStdString(Name);
   const bool Substituted = Family.compare(QLatin1String("MS Sans Serif"), Qt::CaseInsensitive) == 0;
@@ -52,11 +60,15 @@ QString FamilyFor(const std::string& Name) {
   return Family;
 }
 
-// Text as it is drawn: one line, no tabs.
-QString Printable(std::string_view Text) {
-  QString Result = ToQString(Text);
-  for (QChar& Char : Result)
-    if (Char.category() == QChar::Other_Control) Char = QLatin1Char(' ');
+// What faces of screen and page have in common.
+QFont StyledFont(const TFont& Font, int MostPixels) {
+  QFont Result(FamilyFor(Font.Name));
+  Result.setPixelSize(std::clamp(RoundHalfEven(Font.Size * 96.0 / 72.0), 1, MostPixels));
+  Result.setBold((Font.Styles & fsBold) != 0);
+  Result.setItalic((Font.Styles & fsItalic) != 0);
+  Result.setUnderline((Font.Styles & fsUnderline) != 0);
+  Result.setStrikeOut((Font.Styles & fsStrikeOut) != 0);
+  Result.setKerning(false);
   return Result;
 }
 
@@ -114,20 +126,12 @@ TTextMask Cropped(const QImage& Image, QPoint Origin, bool Smooth) {
 }  // namespace
 
 const TQtFontEngine::TFace& TQtFontEngine::FaceOf(const TFont& Font, bool Smooth) {
-  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)
-    throw EZAVError("Text cannot be drawn before a QGuiApplication has been made");
+  RequireFonts();
   const std::string Key = FaceKey(Font, Smooth);
   if (const auto Found = FFaces.find(Key); Found != FFaces.end()) return Found->second;
-  LoadShippedFonts();
 
-  QFont Merged(FamilyFor(Font.Name));
-  Merged.setPixelSize(std::clamp(RoundHalfEven(Font.Size * 96.0 / 72.0), 1, 1000));
-  Merged.setBold((Font.Styles & fsBold) != 0);
-  Merged.setItalic((Font.Styles & fsItalic) != 0);
-  Merged.setUnderline((Font.Styles & fsUnderline) != 0);
-  Merged.setStrikeOut((Font.Styles & fsStrikeOut) != 0);
+  QFont Merged = StyledFont(Font, MaxScreenPixels);
   Merged.setHintingPreference(QFont::PreferFullHinting);
-  Merged.setKerning(false);
   const int Strategy =
       QFont::NoSubpixelAntialias | (Smooth ? QFont::PreferAntialias : QFont::NoAntialias);
   Merged.setStyleStrategy(static_cast<QFont::StyleStrategy>(Strategy));
@@ -144,7 +148,7 @@ const QFont& TQtFontEngine::FontFor(const TFont& Font, bool Smooth, const QStrin
 }
 
 TSize TQtFontEngine::TextExtent(const TFont& Font, std::string_view Text) {
-  const QString Shown = Printable(Text);
+  const QString Shown = PrintableText(Text);
   const QFontMetrics Metrics(FontFor(Font, false, Shown));
   return {Metrics.horizontalAdvance(Shown), Metrics.height()};
 }
@@ -156,7 +160,7 @@ TTextMask TQtFontEngine::RenderText(const TFont& Font, std::string_view Text) {
   Key += Text;
   if (const auto Found = FMasks.find(Key); Found != FMasks.end()) return Found->second;
 
-  const QString Shown = Printable(Text);
+  const QString Shown = PrintableText(Text);
   TTextMask Mask = Draw(FontFor(Font, Direction != 0, Shown), Direction, Shown);
   const size_t Bytes = Mask.Coverage.size() + Key.size() + sizeof(TTextMask);
   if (FMaskBytes + Bytes > MaxCacheBytes) {
@@ -196,6 +200,20 @@ TTextMask TQtFontEngine::Draw(const QFont& Font, int32_t Direction, const QStrin
   Painter.drawText(QPoint(0, Metrics.ascent()), Text);
   Painter.end();
   return Cropped(Image, Area.topLeft(), Direction != 0);
+}
+
+QFont PageFont(const TFont& Font) {
+  RequireFonts();
+  QFont Result = StyledFont(Font, MaxPagePixels);
+  Result.setHintingPreference(QFont::PreferNoHinting);
+  return Result;
+}
+
+QString PrintableText(std::string_view Text) {
+  QString Result = ToQString(Text);
+  for (QChar& Char : Result)
+    if (Char.category() == QChar::Other_Control) Char = QLatin1Char(' ');
+  return Result;
 }
 
 }  // namespace zav

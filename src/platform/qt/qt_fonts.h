@@ -47,6 +47,13 @@ class TQtFontEngine final : public TFontEngine {
   size_t FMaskBytes = 0;
 };
 
+// The face of a font for pages: the same faces, as outlines without hinting. Sizes are pixels of
+// the page as they are pixels of the screen (8 points are 10.7). Throws EZAVError when there is no
+// QGuiApplication.
+QFont PageFont(const TFont& Font);
+// Text as it is drawn: one line, no tabs, control characters as blanks.
+QString PrintableText(std::string_view Text);
+
 }  // namespace zav
 
 #endif

@@ -6,8 +6,11 @@
 #include <memory>
 
 #include <platform/host/host.h>
+#include <platform/qt/qt_clipboard.h>
 #include <platform/qt/qt_fonts.h>
+#include <platform/qt/qt_printer.h>
 
+class QPrinter;
 class QWidget;
 
 namespace zav {
@@ -21,13 +24,25 @@ class TQtHost final : public THost {
   explicit TQtHost(double Scale = 1);
   // A host for the control that fills Widget, which must outlive the host.
   explicit TQtHost(QWidget& Widget);
+  ~TQtHost() override;
 
   TFontEngine& Fonts() override { return FFonts; }
   std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) override;
+  TClipboard& Clipboard() override { return FClipboard; }
+  // The printer that was set, else the desktop's default printer with its settings. Throws
+  // EPrinterError when there is none.
+  TPrinter& Printer() override;
+  // Prints there from now on, such as into a TPdfPrinter; it must live as long as it is used. None:
+  // the default printer again.
+  void SetPrinter(TPrinter* Printer) noexcept { FPrinter = Printer; }
   void ProcessMessages() override;
 
  private:
   TQtFontEngine FFonts;
+  TQtClipboard FClipboard;
+  TPrinter* FPrinter = nullptr;
+  std::unique_ptr<QPrinter> FDesktopPrinter;
+  std::unique_ptr<TQtPrinter> FDefaultPrinter;
   QWidget* FWidget = nullptr;
   double FScale = 1;
 };

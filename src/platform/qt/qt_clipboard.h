@@ -1,0 +1,18 @@
+// qt_clipboard.h - the clipboard of the desktop.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_QT_QT_CLIPBOARD_H
+#define ZAV_PLATFORM_QT_QT_CLIPBOARD_H
+
+#include <platform/host/clipboard.h>
+
+namespace zav {
+
+class TQtClipboard final : public TClipboard {
+ public:
+  // Throws EZAVError when there is no QGuiApplication.
+  void SetBitmap(const TBitmap& Bitmap) override;
+};
+
+}  // namespace zav
+
+#endif
