@@ -32,7 +32,7 @@ struct CalibResidual {
   double Dy = 0;
   double Pixels = 0;   // length of (Dx, Dy)
   double Metres = 0;   // on the ground, from the position to the one read off the map at the pixel
-  bool Worst = false;  // the largest Pixels of those switched on (never of a single one, or of 0)
+  bool Worst = false;  // the largest Pixels of those switched on and used; none where all are 0
 };
 
 // The figures that say how good the calibration is, over the items that are switched on and used.
@@ -59,6 +59,7 @@ QString CalibFigureName(CalibFigure Figure);
 QString CalibFigureFormula(CalibFigure Figure);
 
 enum class CalibWarningKind {
+  NoModel,
   TooFew,          // points or lines for the model
   Undetermined,    // the points lie in a row, or on one curve
   NothingToCheck,  // just enough points: all residuals are 0 whatever is wrong

@@ -1,0 +1,259 @@
+// calib_warnings.cpp - what a person should look at before trusting a calibration, in plain words.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <platform/base/text_format.h>
+
+#include "calib_figures.h"
+#include "common/calibration_doubts.h"
+#include "map_source.h"
+
+namespace zav {
+
+namespace {
+
+using enum CalibWarningKind;
+
+// How often an error of one pixel may grow towards a corner before it is worth a word.
+constexpr double MuchGrowth = 3;
+// A point that would be as near as this when typed otherwise was mistyped.
+constexpr double MistypedPixels = 5;
+// The calibration file stores degrees to five decimals, metres on a meridian.
+constexpr double StoredStep = 1.11;
+
+QString Tr(const char* Text) { return QCoreApplication::translate("CalibDocument", Text); }
+
+QString Number(double Value, int Decimals) {
+  return QString::fromStdString(FormatFixedNumber(Value, 1, Decimals));
+}
+
+class Collector {
+ public:
+  Collector(const CalibState& State, const CalibFit& Fit) : FState(State), FFit(Fit) {}
+
+  std::vector<CalibWarning> All() {
+    if (FState.Model == TCalibModel::cmUndefined) {
+      Add(NoModel, Tr("No model is chosen, so the map tells no positions. Choose one; \"%1\" needs "
+                      "the fewest points.")
+                       .arg(ModelName(TCalibModel::cmEquiRect)));
+      return std::move(FWarnings);
+    }
+    CheckZones();
+    for (const TDoubt& Doubt : FindDoubts(FFit.Calibration, FFit.Table)) Tell(Doubt);
+    if (FState.Model == TCalibModel::cmParabolicIp) CheckLines();
+    CheckCorners();
+    CheckStorage();
+    std::stable_sort(FWarnings.begin(), FWarnings.end(),
+                     [](const CalibWarning& A, const CalibWarning& B) { return A.Kind < B.Kind; });
+    return std::move(FWarnings);
+  }
+
+ private:
+  void Add(CalibWarningKind Kind, const QString& Text, int ItemId = 0) {
+    FWarnings.push_back({Kind, Text, ItemId});
+  }
+  void Tell(const TDoubt& Doubt);
+  void TellTooFew();
+  QString Mistyping(size_t Item) const;
+  void CheckZones();
+  void CheckLines();
+  void CheckCorners();
+  void CheckStorage();
+
+  const CalibItem& ItemOfRow(size_t Row) const { return *FState.Items[FFit.Record.Rows[Row]]; }
+  QString TitleOfRow(size_t Row) const { return ItemTitle(FState, FFit.Record.Rows[Row]); }
+
+  const CalibState& FState;
+  const CalibFit& FFit;
+  std::vector<CalibWarning> FWarnings;
+};
+
+void Collector::TellTooFew() {
+  const int Count = FFit.Record.Data.NumCalQuads;
+  const int Needed = PointsNeeded(FState.Model);
+  const QString Model = ModelName(FState.Model);
+  const QString There = Count == 0   ? Tr("there is none")
+                        : Count == 1 ? Tr("there is 1")
+                                     : Tr("there are %1").arg(Count);
+  Add(TooFew, Tr("\"%1\" needs at least %2 points, and %3. Add %4 more, spread over the map.")
+                  .arg(Model)
+                  .arg(Needed)
+                  .arg(There)
+                  .arg(Needed - Count));
+}
+
+void Collector::Tell(const TDoubt& Doubt) {
+  switch (Doubt.Kind) {
+    case TDoubtKind::TooFew:
+      return TellTooFew();
+    case TDoubtKind::Undetermined:
+      return Add(Undetermined,
+                 FState.Model == TCalibModel::cmBiquadraticPn
+                     ? Tr("The points lie in a row or on one curve, so the map is not determined "
+                          "away from it. Add points in the middle and in the corners.")
+                     : Tr("The points lie in a row, so the map is not determined to its sides. Add "
+                          "a point far from that row."));
+    case TDoubtKind::NothingToCheck:
+      return Add(NothingToCheck,
+                 Tr("The points are just enough for this model: it meets them all, even wrong "
+                    "ones. Add one more to see how good they are."));
+    case TDoubtKind::OutsideImage:
+      return Add(OutsideImage,
+                 Tr("%1 is outside the image, at pixel %2, %3.")
+                     .arg(TitleOfRow(Doubt.Index))
+                     .arg(ItemOfRow(Doubt.Index).Pixel.X)
+                     .arg(ItemOfRow(Doubt.Index).Pixel.Y),
+                 ItemOfRow(Doubt.Index).Id);
+    case TDoubtKind::Disagrees:
+      return Add(Disagrees,
+                 Tr("%1 disagrees with the rest: the others put it %2 pixels away. Check its "
+                    "position and its pixel.")
+                         .arg(TitleOfRow(Doubt.Index), Number(Doubt.Pixels, 1)) +
+                     Mistyping(FFit.Record.Rows[Doubt.Index]),
+                 ItemOfRow(Doubt.Index).Id);
+    case TDoubtKind::IncompleteGraticule:  // CheckLines knows more
+    case TDoubtKind::ShortLine:
+      return;
+  }
+}
+
+// Whether a usual slip explains why a point is far off: the others tell where it belongs.
+QString Collector::Mistyping(size_t Item) const {
+  const CalibItem& Wrong = *FState.Items[Item];
+  if (Wrong.IsLinePoint() || Wrong.Position.IsUtm) return {};
+  const TCoords P = Wrong.Position.Degrees;
+  const struct {
+    TCoords Meant;
+    QString Text;
+  } Slips[] = {
+      {{P.Longit, P.Latit}, Tr(" It fits with latitude and longitude exchanged.")},
+      {{-P.Latit, P.Longit}, Tr(" It fits on the other side of the equator (N, S).")},
+      {{P.Latit, -P.Longit}, Tr(" It fits on the other side of Greenwich (E, W).")},
+  };
+  for (const auto& Slip : Slips) {
+    if (std::abs(Slip.Meant.Latit) > 90) continue;
+    CalibState Others = FState;
+    Others.Items.erase(Others.Items.begin() + static_cast<std::ptrdiff_t>(Item));
+    CalibItem Typed = Wrong;
+    Typed.Position.Degrees = Slip.Meant;
+    Typed.Enabled = false;  // measured, not fitted
+    Others.Items.push_back(std::make_shared<const CalibItem>(Typed));
+    const CalibFit Fit(Others);
+    const CalibResidual& Miss = Fit.Residuals.back();
+    if (Miss.Valid && Miss.Pixels < MistypedPixels) return Slip.Text;
+  }
+  return {};
+}
+
+void Collector::CheckZones() {
+  const bool Utm = FState.Model == TCalibModel::cmUTM;
+  if (Utm && FState.Grid.Zone == 0) {
+    Add(ZoneMissing, Tr("The map has no UTM zone, so it tells no positions. Set zone and "
+                        "hemisphere; they are printed on the sheet's margin."));
+    return;
+  }
+  int Others = 0;
+  for (size_t i = FState.Items.size(); i-- > 0;) {  // the first one is told
+    const CalibItem& Item = *FState.Items[i];
+    if (Item.IsLinePoint() || !Item.Enabled) continue;
+    if (!DegreesOf(Item.Position, FState.Grid)) {
+      Add(ZoneMissing,
+          Tr("%1 is in UTM metres without a zone and is not used. Set the map's zone, or type the "
+             "position with one.")
+              .arg(ItemTitle(FState, i)),
+          Item.Id);
+      continue;
+    }
+    const UtmGrid Own = GridOf(Item.Position, FState.Grid.Ellipsoid);
+    if (!Utm || Own.Zone == 0 || Own.Zone == FState.Grid.Zone) continue;
+    ++Others;
+    const QString Text =
+        Others == 1
+            ? Tr("%1 lies in zone %2, the map is in zone %3. It is converted; check the zone.")
+            : Tr("%4 points do not lie in the map's zone %3, first of all %1 in zone %2. "
+                 "They are converted; check the zones.");
+    std::erase_if(FWarnings, [](const CalibWarning& Each) { return Each.Kind == OtherZone; });
+    Add(OtherZone,
+        QString(Text)
+            .replace(QLatin1String("%3"), QString::number(FState.Grid.Zone))
+            .replace(QLatin1String("%4"), QString::number(Others))
+            .replace(QLatin1String("%2"), QString::number(Own.Zone))
+            .replace(QLatin1String("%1"), ItemTitle(FState, i)),
+        Item.Id);
+  }
+}
+
+void Collector::CheckLines() {
+  std::array<int, 2> Complete{};  // meridians, parallels
+  for (const LineCount& Line : CountLinePoints(FState.Items)) {
+    const bool Parallel = Line.Kind == CalibItemKind::Parallel;
+    if (Line.Points >= MinLinePoints) {
+      ++Complete[Parallel ? 1 : 0];
+    } else if (Line.Points > 0) {
+      Add(LineNotUsed,
+          (Parallel ? Tr("Parallel %1 is not used yet: a line needs 3 points, add %2 more.")
+                    : Tr("Meridian %1 is not used yet: a line needs 3 points, add %2 more."))
+              .arg(QString::fromStdString(ShortestNumber(Line.Value)))
+              .arg(MinLinePoints - Line.Points));
+    }
+  }
+  if (Complete[0] < 2 || Complete[1] < 2)
+    Add(TooFew, Tr("\"%1\" needs two meridians and two parallels of at least 3 points each; "
+                   "complete are %2 and %3.")
+                    .arg(ModelName(FState.Model))
+                    .arg(Complete[0])
+                    .arg(Complete[1]));
+}
+
+void Collector::CheckCorners() {
+  const std::vector<double> Growth = GrowthAtCorners(FFit.Calibration, FFit.Table);
+  const std::array Names{Tr("top left"), Tr("bottom left"), Tr("bottom right"), Tr("top right")};
+  QStringList Far;
+  double Most = 0;
+  for (size_t i = 0; i < Growth.size(); ++i) {
+    if (Growth[i] < MuchGrowth) continue;
+    Far.append(Names[i]);
+    Most = std::max(Most, Growth[i]);
+  }
+  if (Far.isEmpty()) return;
+  Add(FarCorner, Tr("The map is a guess in its corners (%1): an error of one pixel in the points "
+                    "grows to about %2 pixels there. Add points nearer to them.")
+                     .arg(Far.join(QStringLiteral(", ")), Number(Most, 0)));
+}
+
+void Collector::CheckStorage() {
+  if (FState.Grid.Zone == 60)
+    Add(NotStored, Tr("Calibration files cannot hold zone 60. This program keeps it in a file of "
+                      "its own beside; other programs will find no zone."));
+  const double Resolution = FFit.Calibration.Data().Resolution;
+  if (FState.Model == TCalibModel::cmUTM || FState.Model == TCalibModel::cmParabolicIp ||
+      Resolution <= 0 || Resolution >= StoredStep)
+    return;
+  const bool Cut = std::any_of(
+      FFit.Record.Data.CalQuads.begin(),
+      FFit.Record.Data.CalQuads.begin() + FFit.Record.Data.NumCalQuads, [](const TCalQuad& Quad) {
+        const auto Finer = [](double Degrees) {
+          return std::abs(Degrees * 1e5 - std::round(Degrees * 1e5)) > 1e-3;
+        };
+        return Finer(Quad.Latitude) || Finer(Quad.Longitude);
+      });
+  if (Cut)
+    Add(PixelsTooFine,
+        Tr("Calibration files hold degrees to five decimals, about 1 metre, and a pixel of this "
+           "map is %1 metres. Other programs will find the points off by up to a pixel or more; "
+           "\"%2\" stores metres and has no such limit.")
+            .arg(Number(Resolution, 2), ModelName(TCalibModel::cmUTM)));
+}
+
+}  // namespace
+
+std::vector<CalibWarning> WarningsOf(const CalibState& State, const CalibFit& Fit) {
+  return Collector(State, Fit).All();
+}
+
+}  // namespace zav
