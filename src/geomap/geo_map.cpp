@@ -87,12 +87,16 @@ void TGeoMap::AddObserver(TGeoMapObserver* Observer) {
 void TGeoMap::RemoveObserver(TGeoMapObserver* Observer) { std::erase(FObservers, Observer); }
 
 void TGeoMap::Notify(TNotification What) {
+  NotifyWith([this, What](TGeoMapObserver& Each) { (Each.*What)(*this); });
+}
+
+void TGeoMap::NotifyWith(const std::function<void(TGeoMapObserver&)>& Tell) {
   const auto Alive = Life();
   const std::vector<TGeoMapObserver*> Observers = FObservers;
   for (TGeoMapObserver* Each : Observers) {
     // One that was called before may have taken this one off the list.
     if (std::find(FObservers.begin(), FObservers.end(), Each) == FObservers.end()) continue;
-    (Each->*What)(*this);
+    Tell(*Each);
     if (Alive.expired()) return;
   }
 }
@@ -101,20 +105,29 @@ void TGeoMap::Notify(TNotification What) {
 // destroy the function that runs.
 
 void TGeoMap::DoZoomPanEvent() {
+  const auto Alive = Life();
   if (const TZoomPanEvent Handler = OnZoomPan) Handler(this);
+  if (!Alive.expired()) Notify(&TGeoMapObserver::ZoomPanned);
 }
 
 void TGeoMap::DoSelectRectEvent(int Kind, double X1, double Y1, double X2, double Y2) {
+  const auto Alive = Life();
   if (const TSelectRectEvent Handler = OnSelectRect) Handler(this, Kind, X1, Y1, X2, Y2);
+  if (Alive.expired()) return;
+  NotifyWith([&](TGeoMapObserver& Each) { Each.RectSelected(*this, Kind, X1, Y1, X2, Y2); });
 }
 
 // --- painting ------------------------------------------------------------------------------------
 
+double TGeoMap::DeviceScale() {
+  const double Scale = Window().Scale();
+  return Scale > 0 && std::isfinite(Scale) ? Scale : 1;
+}
+
 TRenderScene TGeoMap::Scene() {
   TRenderScene Scene;
   Scene.Control = ControlSize();
-  const double Scale = Window().Scale();
-  Scene.Scale = Scale > 0 && std::isfinite(Scale) ? Scale : 1;
+  Scene.Scale = DeviceScale();
   Scene.View = FView;
   Scene.Look = FLook;
   Scene.ShowMap = !FImage.Empty() && !Designing();
@@ -133,7 +146,13 @@ TRenderHooks TGeoMap::Hooks() {
       return !Alive.expired();
     };
   };
-  return {Hook(&TGeoMap::OnBeforeRenderData), Hook(&TGeoMap::OnDataRendered)};
+  const auto Rendered = [this, Handler = Hook(&TGeoMap::OnDataRendered),
+                         Alive = Life()](TCanvas& Canvas) {
+    if (!Handler(Canvas)) return false;
+    NotifyWith([&](TGeoMapObserver& Each) { Each.DataRendered(*this, Canvas); });
+    return !Alive.expired();
+  };
+  return {Hook(&TGeoMap::OnBeforeRenderData), Rendered};
 }
 
 // Draws the picture and returns its size in device pixels.
@@ -161,6 +180,7 @@ void TGeoMap::Paint() {
   const TSize Size = Render();
   if (Alive.expired()) return;
   Window().DeviceCanvas().CopyRect(0, 0, *FInternalMapImg, {0, 0, Size.Width, Size.Height});
+  FFeedback.Forget();
   const TRect All = {0, 0, Width(), Height()};
   Window().Show({&All, 1});
   if (!Alive.expired()) Notify(&TGeoMapObserver::Painted);

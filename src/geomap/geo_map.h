@@ -44,7 +44,8 @@ namespace zav {
 class TGeoMap;
 
 // Listens to a map without taking the user's event slots. Nothing is owned; an observer must take
-// itself off the list before it dies. Each call comes after the change and before its repaint.
+// itself off the list before it dies. Each call comes after the change and before its repaint, and
+// after the event of the same meaning.
 class TGeoMapObserver {
  public:
   virtual ~TGeoMapObserver() = default;
@@ -52,6 +53,19 @@ class TGeoMapObserver {
   virtual void CalibrationChanged(TGeoMap& /*Map*/) {}  // items, model, corners, caption
   virtual void ImageChanged(TGeoMap& /*Map*/) {}        // picture, its name or its size
   virtual void Painted(TGeoMap& /*Map*/) {}             // the new picture is on the window
+
+  // As OnDataRendered: what is drawn on the canvas, in control pixels, lands in the picture.
+  virtual void DataRendered(TGeoMap& /*Map*/, TCanvas& /*Canvas*/) {}
+  virtual void DataLoading(TGeoMap& /*Map*/, int /*PercentDone*/) {}
+  virtual void ZoomPanned(TGeoMap& /*Map*/) {}  // by the user
+  virtual void RubberBandBegun(TGeoMap& /*Map*/, TPoint /*MapPixel*/) {}
+  virtual void RubberBandContinued(TGeoMap& /*Map*/, TPoint /*MapPixel*/) {}
+  virtual void RubberBandEnded(TGeoMap& /*Map*/, TPoint /*MapPixel*/) {}
+  // Two corners in map pixels, wherever they are; and the values of OnSelectRect.
+  virtual void PixelsSelected(TGeoMap& /*Map*/, TPoint /*From*/, TPoint /*To*/) {}
+  virtual void RectSelected(TGeoMap& /*Map*/, int /*Kind*/, double /*X1*/, double /*Y1*/,
+                            double /*X2*/, double /*Y2*/) {}
+  virtual void MouseBoxChanged(TGeoMap& /*Map*/) {}  // MouseBox begins to wait, or has ended
 };
 
 class TGeoMap : public TCustomControl {
@@ -316,14 +330,30 @@ class TGeoMap : public TCustomControl {
   void SetHighLightProperties(TColor ColorFG, TColor ColorBG, bool Transparent);
 
   // --- mouse -------------------------------------------------------------------------------------
-  // What the left button does. Neither setter repaints.
+  // What the left button does. Neither setter repaints; another action cancels what the mouse has
+  // begun.
   TMouseActMode MouseAction() const noexcept { return FMouseAction; }
-  void SetMouseAction(TMouseActMode Action) { FMouseAction = Action; }
+  void SetMouseAction(TMouseActMode Action);
   // Whether MouseAction is maPan.
   bool GetAllowPan() const noexcept { return FMouseAction == TMouseActMode::maPan; }
   void SetAllowPan(bool Value);
-  // Whether a zoom box is being drawn.
-  bool ZoomState() const noexcept { return false; }
+  // Whether a zoom box is being drawn. One that could not be shown, because its magnification was
+  // at a limit, stays until the next release.
+  bool ZoomState() const noexcept { return FMouse.ZoomBoxActive(); }
+  bool RubberBandActive() const noexcept { return FMouse.RubberBandActive(); }
+  // Whether something is under way that ends when the button is let go: a drag, a box, MouseBox.
+  bool MouseDragging() const noexcept { return FMouse.Dragging(); }
+  // Ends that and the rubber band, as if nothing had been begun: without an event, and MouseBox
+  // returns false. A trace keeps its points.
+  void CancelMouse();
+
+  // Lets the user drag a box with any button but the right one, whatever MouseAction is, and gives
+  // its corners in control pixels, X1 <= X2 and Y1 <= Y2; they may lie outside the control. Events
+  // are delivered meanwhile. False, and the corners stay, when the user gave up with the right
+  // button, when the control is hidden or destroyed, when the application ends, by MouseBoxAbort,
+  // and by another call of MouseBox meanwhile.
+  bool MouseBox(int32_t& X1, int32_t& Y1, int32_t& X2, int32_t& Y2);
+  void MouseBoxAbort();
   // Map pixels of the last button press and the last move.
   int32_t LastClickPosX() const noexcept { return FMouse.LastClick().X; }
   int32_t LastClickPosY() const noexcept { return FMouse.LastClick().Y; }
@@ -349,6 +379,9 @@ class TGeoMap : public TCustomControl {
 
   void MouseDown(TMouseButton Button, TShiftState Shift, int32_t X, int32_t Y) override;
   void MouseMove(TShiftState Shift, int32_t X, int32_t Y) override;
+  // Throws EZAVError "Magnification factor too high" or "too small" where zooming by the mouse met
+  // a limit; the magnification is the limit then, nothing else of the view changed, and nothing was
+  // painted. MouseMove does, too.
   void MouseUp(TMouseButton Button, TShiftState Shift, int32_t X, int32_t Y) override;
 
   // --- events ------------------------------------------------------------------------------------
@@ -393,6 +426,7 @@ class TGeoMap : public TCustomControl {
   // A handler or observer may destroy the control in Paint and in each of the following. So they
   // are the last thing that a caller does, or it asks Life() before it goes on.
   void Notify(TNotification What);
+  void NotifyWith(const std::function<void(TGeoMapObserver&)>& Tell);
   void ChangeView(const TViewState& View);
   void ChangeViewAndPaint(const TViewState& View);
   void ReportCalibration();  // to the observers, then paints
@@ -423,6 +457,12 @@ class TGeoMap : public TCustomControl {
 
   TSize ControlSize() const noexcept { return {Width(), Height()}; }
   TMouseContext MouseContext() const;
+  void Hidden() override;
+  void Perform(const TMouseResult& Result);
+  void TellNews(const TMouseResult& Result);
+  void SelectRect(TPoint From, TPoint To);
+  void LetGoOfMouse();
+  double DeviceScale();
   TRenderScene Scene();
   TRenderHooks Hooks();
   TSize Render();
@@ -461,6 +501,7 @@ class TGeoMap : public TCustomControl {
 
   TMouseActMode FMouseAction = TMouseActMode::maPan;
   TMouseTools FMouse;
+  TMouseFeedback FFeedback;
   TMouseTrace FTrace;
   TColor FTraceColor = clWhite;
   bool FTraceInvert = true;

@@ -81,6 +81,8 @@ TImageProgress TGeoMap::ImageProgress() {
   return [this, Alive = Life()](int Percent) {
     bool Cancel = false;
     if (const TProgressEvent Handler = OnDataLoading) Handler(this, Percent, Cancel);
+    if (!Alive.expired())
+      NotifyWith([&](TGeoMapObserver& Each) { Each.DataLoading(*this, Percent); });
     return !Alive.expired() && !Cancel;
   };
 }

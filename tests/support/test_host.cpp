@@ -99,9 +99,12 @@ std::unique_ptr<TControlWindow> TTestHost::CreateControlWindow(TCustomControl& /
   return std::make_unique<TTestWindow>(FFonts, Scale);
 }
 
-void TTestHost::ProcessMessages() {
-  ++ProcessMessagesCalls;
-  if (OnProcessMessages) OnProcessMessages();
+bool TTestHost::ProcessMessages(const std::function<bool()>& Done) {
+  // A copy, because the host may be destroyed.
+  const std::function<void()> Deliver = OnProcessMessages;
+  if (!Deliver) return Done();
+  while (!Done()) Deliver();
+  return true;
 }
 
 }  // namespace zav

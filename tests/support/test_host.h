@@ -63,13 +63,13 @@ class TTestHost final : public THost {
 
   TFontEngine& Fonts() override { return FFonts; }
   std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) override;
-  void ProcessMessages() override;
+  // Calls OnProcessMessages until it is done.
+  bool ProcessMessages(const std::function<bool()>& Done) override;
 
   // The scale that windows made from now on have.
   double Scale = 1;
-  // Stands for the events that ProcessMessages delivers.
+  // Stands for an event that ProcessMessages delivers.
   std::function<void()> OnProcessMessages;
-  int ProcessMessagesCalls = 0;
 
   // The window of a control that was made with a TTestHost.
   static TTestWindow& WindowOf(TCustomControl& Control) {

@@ -1,6 +1,7 @@
-// mouse_tools.h - what the mouse does to a view: a state machine from mouse events to changes.
+// mouse_tools.h - what the mouse does to a map: a state machine from mouse events to results.
 //
-// It draws nothing and fires nothing; the control does what the results say.
+// It draws nothing and fires nothing; the control does what the results say. So it needs neither a
+// window nor a map.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_VIEW_MOUSE_TOOLS_H
 #define ZAV_GEOMAP_VIEW_MOUSE_TOOLS_H
@@ -8,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 
+#include <geomap/view/mouse_feedback.h>
 #include <geomap/view/view_state.h>
 #include <platform/base/geometry.h>
 #include <platform/host/control.h>
@@ -17,14 +19,14 @@ namespace zav {
 // What the left button does. Other values have no effect.
 enum class TMouseActMode : uint8_t {
   maNone = 0,
-  maPan = 1,
-  maPanHorizontal = 2,
-  maPanVertical = 3,
-  maRubberBand = 5,
-  maZoomBox = 7,
-  maZoomDrag = 9,
-  maSelectRect = 16,
-  maMouseTrace = 17
+  maPan = 1,            // drags the map
+  maPanHorizontal = 2,  // the same, to the left and right only
+  maPanVertical = 3,    // the same, up and down only
+  maRubberBand = 5,     // a click begins a line, the next ends it, or begins another with Ctrl
+  maZoomBox = 7,        // drags a box that then fills the control
+  maZoomDrag = 9,       // up zooms in, down out, about the control's centre
+  maSelectRect = 16,    // drags a dotted box that is reported
+  maMouseTrace = 17     // leaves a trace
 };
 
 // What the tools must know of the control at a mouse event.
@@ -36,28 +38,90 @@ struct TMouseContext {
   bool ConfinePan = true;
 };
 
+enum class TMouseNews : uint8_t { mnNone, mnBandBegun, mnBandContinued, mnBandEnded, mnSelected };
+enum class TZoomLimit : uint8_t { zlNone, zlTooHigh, zlTooSmall };
+
+// What follows from a mouse event, in the order in which it is to be done.
+struct TMouseResult {
+  // The control pixel, brought into the control where the tool does so.
+  TPoint At;
+  // What is over the picture is no longer to be taken away.
+  bool KeepShape = false;
+  // What is over the picture from now on instead of what was; fkNone takes it away.
+  std::optional<TFeedbackShape> Feedback;
+  // The view to show. When Limit is set, the magnification was stopped at a limit: the view changes
+  // without being painted, and the user is told.
+  std::optional<TViewState> View;
+  TZoomLimit Limit = TZoomLimit::zlNone;
+  // The view is a step of the zoom history.
+  bool EndsStep = false;
+  // Map pixels: of the event in From, and for mnSelected both corners.
+  TMouseNews News = TMouseNews::mnNone;
+  TPoint From;
+  TPoint To;
+  // At is a point of the trace; the last point ends a stroke.
+  bool Traces = false;
+  bool EndsStroke = false;
+  friend bool operator==(const TMouseResult&, const TMouseResult&) = default;
+};
+
 class TMouseTools {
  public:
   TPoint LastClick() const noexcept { return FLastClick; }  // map pixels
   TPoint LastMove() const noexcept { return FLastMove; }
+  // A zoom box is being drawn, or was refused at its end: then it stays until the next release.
+  bool ZoomBoxActive() const noexcept { return FZoomBox; }
+  bool RubberBandActive() const noexcept { return FBand; }
+  // Something is under way that ends when the button is let go.
+  bool Dragging() const noexcept { return FDragging || FZoomBox || FSelecting || BoxPending(); }
 
-  void Press(const TMouseContext& Context, TPoint Control) noexcept;
-  // The view that the move leads to, when it does.
-  std::optional<TViewState> Move(const TMouseContext& Context, TShiftState Shift,
-                                 TPoint Control) noexcept;
-  // Whether the release ends a step of the zoom history.
-  bool Release(const TMouseContext& Context) const noexcept;
+  TMouseResult Press(const TMouseContext& Context, TMouseButton Button, TShiftState Shift,
+                     TPoint Control) noexcept;
+  TMouseResult Move(const TMouseContext& Context, TShiftState Shift, TPoint Control) noexcept;
+  TMouseResult Release(const TMouseContext& Context, TMouseButton Button, TPoint Control) noexcept;
+
+  // A box for the program, in any mode: armed, it waits for the next press, and is pending until a
+  // button other than the right one is let go. The right button, at either time, gives it up.
+  void ArmBox() noexcept { FBox = TBox::Armed; }
+  void AbortBox() noexcept { FBox = TBox::Idle; }
+  bool BoxPending() const noexcept { return FBox == TBox::Armed || FBox == TBox::Dragging; }
+  // The box in control pixels, Left <= Right and Top <= Bottom, when there is one; idle then.
+  std::optional<TRect> TakeBox() noexcept;
+
   // A drag under way begins anew with the next move, because something else has moved the view.
   void RestartDrag() noexcept { FDragging = false; }
+  // Forgets all that a held button has begun, as if it had not been pressed.
+  void LetGo() noexcept;
+  // The same, and the rubber band.
+  void Cancel() noexcept;
 
   friend bool operator==(const TMouseTools&, const TMouseTools&) = default;
 
  private:
+  enum class TBox : uint8_t { Idle, Armed, Dragging, Done };
+
+  void PressBand(bool Ctrl, TMouseResult& Result) noexcept;
+  void Drag(const TMouseContext& Context, TShiftState Shift, TMouseResult& Result) noexcept;
+  void ReleaseZoomBox(const TMouseContext& Context, TMouseButton Button,
+                      TMouseResult& Result) noexcept;
+
   TPoint FLastClick;
   TPoint FLastMove;
-  bool FDragging = false;
-  TPoint FDragStart;      // control pixels
-  TPoint FAnchorTopLeft;  // the view's TopLeft at that moment
+
+  bool FDragging = false;  // of panning and zooming
+  TPoint FDragStart;       // control pixels, as are all that follow
+  TPoint FAnchorTopLeft;   // but this one: the view's TopLeft at that moment
+
+  bool FBand = false;
+  TPoint FBandStart;
+
+  bool FZoomBox = false;
+  bool FSelecting = false;
+  TPoint FBoxStart;  // of either
+
+  TBox FBox = TBox::Idle;
+  TPoint FBoxFrom;
+  TPoint FBoxTo;
 };
 
 }  // namespace zav

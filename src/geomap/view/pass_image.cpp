@@ -18,8 +18,8 @@ struct TCoveredRange {
 };
 
 TCoveredRange CoveredRange(int32_t Size, double From, double To, int32_t ImageSize) {
+  if (!(To > From)) return {};  // a control of one pixel that shows less than a map pixel
   const double PixelsPerSource = Size / (To - From);
-  if (!(PixelsPerSource > 0)) return {};
   const double First = From >= 0 ? 0 : std::ceil(-From * PixelsPerSource) + 1;
   const double End = To <= ImageSize ? Size : std::floor((ImageSize - From) * PixelsPerSource) - 1;
   return {std::clamp(RoundHalfEven(First), 0, Size), std::clamp(RoundHalfEven(End), 0, Size)};

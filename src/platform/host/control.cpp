@@ -33,7 +33,10 @@ void TCustomControl::SetSize(int32_t Width, int32_t Height) {
 void TCustomControl::SetVisible(bool Visible) {
   if (Visible == FVisible) return;
   FVisible = Visible;
-  if (FVisible) Paint();
+  if (FVisible)
+    Paint();
+  else
+    Hidden();
 }
 
 void TCustomControl::MouseDown(TMouseButton Button, TShiftState Shift, int32_t X, int32_t Y) {

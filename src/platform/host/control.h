@@ -88,6 +88,8 @@ class TCustomControl : public TComponent {
  protected:
   // The control's size has changed; the window's buffer already has the new size.
   virtual void Resize();
+  // The control is no longer visible.
+  virtual void Hidden() {}
 
  private:
   THost& FHost;

@@ -6,6 +6,7 @@
 #ifndef ZAV_PLATFORM_HOST_HOST_H
 #define ZAV_PLATFORM_HOST_HOST_H
 
+#include <functional>
 #include <memory>
 
 #include <platform/host/clipboard.h>
@@ -22,8 +23,10 @@ class THost {
   virtual TFontEngine& Fonts() = 0;
   // Makes the window of a control. Called once by the control's constructor; the control owns it.
   virtual std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) = 0;
-  // Delivers the application's pending events.
-  virtual void ProcessMessages() = 0;
+  // Delivers the application's events, asleep between them, until Done() is true. False when it
+  // never will be, because the application ends: whoever waits for the user gives up then. The host
+  // and its controls may be destroyed meanwhile.
+  virtual bool ProcessMessages(const std::function<bool()>& Done) = 0;
 
   // Both live as long as the host. A host that has none throws EZAVError, EPrinterError.
   virtual TClipboard& Clipboard() { throw EZAVError("There is no clipboard"); }

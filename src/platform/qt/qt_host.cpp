@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <platform/qt/qt_host.h>
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QWidget>
@@ -33,8 +35,20 @@ std::unique_ptr<TControlWindow> TQtHost::CreateControlWindow(TCustomControl& /*C
   return std::make_unique<TQtControlWindow>(FFonts, FScale, FWidget);
 }
 
-void TQtHost::ProcessMessages() {
-  if (QCoreApplication::instance() != nullptr) QCoreApplication::processEvents();
+bool TQtHost::ProcessMessages(const std::function<bool()>& Done) {
+  const auto* Dispatcher = QAbstractEventDispatcher::instance();
+  if (QCoreApplication::instance() == nullptr || Dispatcher == nullptr) return false;
+  if (Done()) return true;
+  // A loop that runs comes back, too, when the application is told to exit. Nothing of the host is
+  // touched from here on.
+  QEventLoop Loop;
+  const auto LeaveWhenDone = [&] {
+    if (Done()) Loop.quit();
+  };
+  QObject::connect(Dispatcher, &QAbstractEventDispatcher::aboutToBlock, &Loop, LeaveWhenDone);
+  QObject::connect(Dispatcher, &QAbstractEventDispatcher::awake, &Loop, LeaveWhenDone);
+  Loop.exec();
+  return Done();
 }
 
 }  // namespace zav

@@ -3,6 +3,7 @@
 #ifndef ZAV_PLATFORM_QT_QT_HOST_H
 #define ZAV_PLATFORM_QT_QT_HOST_H
 
+#include <functional>
 #include <memory>
 
 #include <platform/host/host.h>
@@ -35,7 +36,8 @@ class TQtHost final : public THost {
   // Prints there from now on, such as into a TPdfPrinter; it must live as long as it is used. None:
   // the default printer again.
   void SetPrinter(TPrinter* Printer) noexcept { FPrinter = Printer; }
-  void ProcessMessages() override;
+  // False without a QCoreApplication, too.
+  bool ProcessMessages(const std::function<bool()>& Done) override;
 
  private:
   TQtFontEngine FFonts;
