@@ -135,6 +135,7 @@ void AddMapCommands(TProgram& Program) {
       AddMapCommand(Program, Map, "to-geo", "x,y gives lat,long,valid", ToGeo);
   AddTableOptions(*Geo, GeoOptions->Table);
   AddRenderCommand(Program, Map);
+  AddShrinkCommand(Program, Map);
 }
 
 }  // namespace zav

@@ -31,8 +31,10 @@ class EUsageError : public EZAVError {
 void AddGridCommands(TProgram& Program);      // utm, ups
 void AddEllipsoidCommand(TProgram& Program);  // ellipsoids
 void AddCalibrateCommand(TProgram& Program);  // calibrate
-void AddMapCommands(TProgram& Program);       // map info, map to-pixel, map to-geo, map render
+void AddMapCommands(
+    TProgram& Program);  // map info, map to-pixel, map to-geo, map render, map shrink
 void AddRenderCommand(TProgram& Program, CLI::App& Map);
+void AddShrinkCommand(TProgram& Program, CLI::App& Map);
 
 // The ellipsoid of an identifier, in any case. Throws EUsageError for an unknown one.
 TGeoEllipsoid EllipsoidOfOption(const std::string& Id);

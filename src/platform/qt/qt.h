@@ -10,6 +10,7 @@
 #include <platform/qt/qt_fonts.h>
 #include <platform/qt/qt_host.h>
 #include <platform/qt/qt_image.h>
+#include <platform/qt/qt_image_file.h>
 #include <platform/qt/qt_page_canvas.h>
 #include <platform/qt/qt_printer.h>
 
