@@ -21,8 +21,8 @@ constexpr TSize DefaultSize = {500, 400};
 
 TGeoMap::TGeoMap(TComponent* Owner, THost& Host)
     : TCustomControl(Owner, Host),
-      FInternalMapImg(std::make_shared<TBitmap>(TPixelFormat::pf15bit)) {
-  FLMClassVisible.fill(true);
+      FInternalMapImg(std::make_shared<TBitmap>(TPixelFormat::pf15bit)),
+      FLandMarks(std::make_shared<TLandMarkStore>()) {
   FSuppressPaint = true;
   SetSize(DefaultSize.Width, DefaultSize.Height);
   FSuppressPaint = false;
@@ -44,10 +44,8 @@ void TGeoMap::Assign(const TPersistent& Source) {
   FCalibration = From->FCalibration;
   FCalDatName = From->FCalDatName;
   FMouse = From->FMouse;
-  FLandMarkDefault = From->FLandMarkDefault;
-  FLMClassVisible = From->FLMClassVisible;
+  FLandMarks = std::make_shared<TLandMarkStore>(*From->FLandMarks);
   FLMRandSampleLimit = From->FLMRandSampleLimit;
-  FHighLM = From->FHighLM;
   FHighLMColFG = From->FHighLMColFG;
   FHighLMColBG = From->FHighLMColBG;
   FHighLMTrans = From->FHighLMTrans;
@@ -134,6 +132,7 @@ TRenderScene TGeoMap::Scene() {
   Scene.Visible = Visible();
   Scene.Map = FImage.Size();
   Scene.Calibration = FCalibration;
+  Scene.LandMarks = LandMarkLayer();
   Scene.Trace = FTrace;
   return Scene;
 }
@@ -152,7 +151,7 @@ TRenderHooks TGeoMap::Hooks() {
     NotifyWith([&](TGeoMapObserver& Each) { Each.DataRendered(*this, Canvas); });
     return !Alive.expired();
   };
-  return {Hook(&TGeoMap::OnBeforeRenderData), Rendered};
+  return {Hook(&TGeoMap::OnBeforeRenderData), Rendered, DrawLandMarkHook()};
 }
 
 // Draws the picture and returns its size in device pixels.
@@ -163,7 +162,7 @@ TSize TGeoMap::Render() {
   Picture->SetSize(std::max(Picture->Width(), Size.Width),
                    std::max(Picture->Height(), Size.Height));
   TRasterCanvas Canvas(*Picture, &Host().Fonts());
-  RenderMap(Now, {FImage, FGraticule}, Canvas, Hooks());
+  RenderMap(Now, {FImage, FGraticule, &FLandMarkCache}, Canvas, Hooks());
   return Size;
 }
 

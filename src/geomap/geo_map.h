@@ -26,7 +26,9 @@
 #include <geomap/calibration/calibration.h>
 #include <geomap/errors.h>
 #include <geomap/landmarks/landmark.h>
+#include <geomap/landmarks/landmark_store.h>
 #include <geomap/view/graticule.h>
+#include <geomap/view/landmark_layer.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/map_look.h>
 #include <geomap/view/map_part.h>
@@ -36,6 +38,7 @@
 #include <geomap/view/renderer.h>
 #include <geomap/view/view_state.h>
 #include <geomap/view/zoom_ring.h>
+#include <platform/base/random.h>
 #include <platform/host/control.h>
 #include <platform/raster/bitmap.h>
 
@@ -311,18 +314,65 @@ class TGeoMap : public TCustomControl {
   void WriteCalDataToOpenXMLFile(TextFile& F, bool WithHeader, const std::string& Id) const;
 
   // --- landmarks ---------------------------------------------------------------------------------
-  int32_t NumLandMarks() const noexcept { return 0; }
+  // Numbered from 1, 0 means none. What is near and inside, which class is meant and in which order
+  // landmarks stay is told in TLandMarkStore. Adding and removing ask OnLandMarkAction first; a
+  // change that memory does not allow throws EZAVGeoMapError "insufficient memory" and is not done.
+  // Positions are degrees, an altitude is carried only; texts that are too long are cut.
+  int32_t NumLandMarks() const noexcept { return FLandMarks->Count(); }
+  // The list at this moment; a copy costs little and stays as it is.
+  const TLandMarkList& LandMarks() const noexcept { return FLandMarks->List(); }
+  // Another list, as from undoing; nothing is asked.
+  void SetLandMarks(const TLandMarkList& List);
   // Where new landmarks take everything from that is not given. Does not repaint.
-  const TLandMark& LandMarkDefault() const noexcept { return FLandMarkDefault; }
-  void SetLandMarkDefault(const TLandMark& Value) { FLandMarkDefault = Value; }
-  bool GetClassVisibility(uint8_t ClassFlag) const noexcept { return FLMClassVisible[ClassFlag]; }
+  const TLandMark& LandMarkDefault() const noexcept { return FLandMarks->Default; }
+  void SetLandMarkDefault(const TLandMark& Value) { FLandMarks->Default = Value; }
+
+  void AddLandMark(double Lat, double Long, double Altitude);
+  void AddLandMark(double Lat, double Long, double Altitude, const TLMIdentifier& Identifier,
+                   TDateTime Time);
+  void AddLandMark(double Lat, double Long, double Altitude, const std::string& CaptionText,
+                   int32_t CaptionSize, TColor CaptionColor);
+  void AddLandMark(double Lat, double Long, double Altitude, const TLMIdentifier& Identifier,
+                   TDateTime Time, const std::string& CaptionText, int32_t CaptionSize,
+                   TColor CaptionColor);
+  // With the template's caption.
+  void AddLandMark(double Lat, double Long, double Altitude, TLandMarkElement Element,
+                   uint8_t ClassFlag, const TLMIdentifier& Identifier, TDateTime Time, int32_t Tag,
+                   TColor ColorFG, TColor ColorBG, int32_t Size, bool Transparent,
+                   int32_t Direction, int32_t Length);
+  // The index of the nearest one.
+  int32_t FindLandMark(double Lat, double Long, int32_t ClassFlag) const noexcept;
+  // 1..NumLandMarks; another index gives default values.
+  TLandMark GetLandMarkData(int32_t Index) const { return FLandMarks->List()[Index]; }
+  // Ignores other indices.
+  void SetLandMarkData(int32_t Index, const TLandMark& LandMark);
+
+  // Removing takes the highlight away, whether something goes or not, and repaints; an empty list
+  // stays as it is without a repaint, but for RemoveLastLandMark and RemoveAllLandMarks().
+  // Returns the index, 0 when nothing was removed.
+  int32_t RemoveLandMark(int32_t LmIndex);
+  // The nearest one. Returns 0 always: compare NumLandMarks to see whether one was removed.
+  int32_t RemoveLandMark(double Lat, double Long, int32_t ClassFlag);
+  // Those nearer than Radius degrees, or strictly inside the rectangle; returns how many.
+  int32_t RemoveLandMark(double Lat, double Long, int32_t ClassFlag, double Radius);
+  int32_t RemoveLandMark(const TRectDouble& Rect, int32_t ClassFlag);
+  void RemoveLastLandMark();
+  // Without asking; the highlight's number stays.
+  void RemoveAllLandMarks();
+  void RemoveAllLandMarks(uint8_t ClassFlag);
+
+  bool GetClassVisibility(uint8_t ClassFlag) const noexcept {
+    return FLandMarks->ClassVisible[ClassFlag];
+  }
   void SetClassVisibility(uint8_t ClassFlag, bool Visible);
   // The largest number drawn in one picture; more are thinned out at random. At least 1001, smaller
   // values are ignored; repaints when different.
   int32_t LMRandomDisplayThreshold() const noexcept { return FLMRandSampleLimit; }
   void SetRandSampleLimit(int32_t Value);
+  // The pictures that follow leave out the same landmarks after the same seed. Does not repaint.
+  void SetThinningSeed(uint64_t Seed) noexcept { FThinning.SetSeed(Seed); }
   // 1..NumLandMarks, 0 for none; any other index means none. Repaints when different.
-  int32_t HighLightLandMark() const noexcept { return FHighLM; }
+  int32_t HighLightLandMark() const noexcept { return FLandMarks->HighLight(); }
   void SetHighLM(int32_t Index);
   TColor HighLightFGColor() const noexcept { return FHighLMColFG; }
   TColor HighLightBGColor() const noexcept { return FHighLMColBG; }
@@ -343,8 +393,10 @@ class TGeoMap : public TCustomControl {
   bool RubberBandActive() const noexcept { return FMouse.RubberBandActive(); }
   // Whether something is under way that ends when the button is let go: a drag, a box, MouseBox.
   bool MouseDragging() const noexcept { return FMouse.Dragging(); }
-  // Ends that and the rubber band, as if nothing had been begun: without an event, and MouseBox
-  // returns false. A trace keeps its points.
+  // Ends that as if the button had never been pressed: without an event, and MouseBox returns
+  // false. A trace keeps its points. Being hidden does it, too.
+  void EndMouseDrag();
+  // The same, and the rubber band is gone.
   void CancelMouse();
 
   // Lets the user drag a box with any button but the right one, whatever MouseAction is, and gives
@@ -461,8 +513,15 @@ class TGeoMap : public TCustomControl {
   void Perform(const TMouseResult& Result);
   void TellNews(const TMouseResult& Result);
   void SelectRect(TPoint From, TPoint To);
-  void LetGoOfMouse();
   double DeviceScale();
+  TLandMarkStore::TQuestion LandMarkQuestion();
+  void AddLandMark(const TLandMark& LandMark);
+  template <typename TOperation>
+  auto WithMemory(TOperation Operation) const;
+  template <typename TOperation>
+  int32_t RemoveLandMarks(TOperation Operation);
+  TLandMarkLayer LandMarkLayer();
+  TDrawLandMarkHook DrawLandMarkHook();
   TRenderScene Scene();
   TRenderHooks Hooks();
   TSize Render();
@@ -491,10 +550,10 @@ class TGeoMap : public TCustomControl {
   bool FSuppressPaint = false;
   bool FPainting = false;
 
-  TLandMark FLandMarkDefault;
-  std::array<bool, 256> FLMClassVisible;
+  std::shared_ptr<TLandMarkStore> FLandMarks;  // outlives the control while it asks a handler
+  TLandMarkCache FLandMarkCache;
   int32_t FLMRandSampleLimit = 20000;
-  int32_t FHighLM = 0;
+  TRandom FThinning;
   TColor FHighLMColFG = clBlue;
   TColor FHighLMColBG = clYellow;
   bool FHighLMTrans = false;

@@ -1,4 +1,4 @@
-// geo_map_look.cpp - how the control draws map and landmarks: each setter and its consequence.
+// geo_map_look.cpp - how the control draws the map: each setter and its consequence.
 // SPDX-License-Identifier: MIT
 #include <geomap/geo_map.h>
 
@@ -9,7 +9,6 @@ namespace {
 
 constexpr double MaxGratLineDist = 60;
 constexpr int32_t MaxUTMGridDist = 10000000;
-constexpr int32_t MinRandSampleLimit = 1001;
 
 // The value inside 0..High; 0 for NaN.
 double Clamped(double Value, double High) { return Value > 0 ? std::min(Value, High) : 0; }
@@ -39,25 +38,6 @@ void TGeoMap::SetGratInMapZone(bool Value) { StoreIfDifferent(FLook.GratInMapZon
 
 void TGeoMap::SetUTMGridDist(int32_t Metres) {
   Store(FLook.UTMGridDist, std::clamp(Metres, 0, MaxUTMGridDist));
-}
-
-void TGeoMap::SetClassVisibility(uint8_t ClassFlag, bool Visible) {
-  Store(FLMClassVisible[ClassFlag], Visible);
-}
-
-void TGeoMap::SetRandSampleLimit(int32_t Value) {
-  if (Value >= MinRandSampleLimit) StoreIfDifferent(FLMRandSampleLimit, Value);
-}
-
-void TGeoMap::SetHighLM(int32_t Index) {
-  StoreIfDifferent(FHighLM, Index >= 0 && Index <= NumLandMarks() ? Index : 0);
-}
-
-void TGeoMap::SetHighLightProperties(TColor ColorFG, TColor ColorBG, bool Transparent) {
-  FHighLMColFG = ColorFG;
-  FHighLMColBG = ColorBG;
-  FHighLMTrans = Transparent;
-  Paint();
 }
 
 }  // namespace zav

@@ -35,7 +35,7 @@ bool TGeoMap::DrawPart(TCanvas& Canvas, const TMapPart& Part) {
   Drawn.OnScreen = false;
   if (Part.Paper) Drawn.Look.ColorBackGnd = clWhite;
   TGraticule Graticule;  // the control keeps that of its window
-  RenderMap(Drawn, {FImage, Graticule}, Canvas, Hooks());
+  RenderMap(Drawn, {FImage, Graticule, &FLandMarkCache}, Canvas, Hooks());
   return !Alive.expired();
 }
 

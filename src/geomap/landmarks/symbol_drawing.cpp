@@ -106,16 +106,14 @@ void DrawCross(TCanvas& Canvas, const TAbout& About, const TSymbolShape& Shape, 
 
 void DrawBox(TCanvas& Canvas, const TAbout& About, const TSymbolShape& Shape, TColor FG,
              TColor BG) {
-  const int64_t S = Shape.Size;
+  const int32_t S = Shape.Size;
+  const int32_t N = Clamped(-int64_t{S});
   Canvas.Pen.Color = Shape.Filled ? BG : FG;
-  About.Line(-S, -S, -S, S);
-  About.Line(-S, S, S, S);
-  About.Line(S, S, S, -S);
-  About.Line(S, -S, -S, -S);
+  About.Path({{N, N}, {N, S}, {S, S}, {S, N}, {N, N}});
   if (!Shape.Filled) return;
   Canvas.Pen.Color = FG;
   Canvas.Brush.Color = BG;
-  About.Rectangle(1 - S, 1 - S, S, S);
+  About.Rectangle(int64_t{N} + 1, int64_t{N} + 1, S, S);
 }
 
 void DrawCrossBox(TCanvas& Canvas, const TAbout& About, const TSymbolShape& Shape, TColor FG,

@@ -7,6 +7,7 @@
 #define ZAV_GEOMAP_VIEW_PASSES_H
 
 #include <geomap/view/graticule.h>
+#include <geomap/view/landmark_layer.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/mouse_trace.h>
 #include <geomap/view/render_scene.h>
@@ -31,6 +32,15 @@ void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device);
 void DrawMarkers(const TRenderScene& Scene, TCanvas& Device);
 // One marker about the map pixel.
 void DrawMarker(const TRenderScene& Scene, TPoint Map, TCanvas& Device);
+
+// Symbols and captions of the landmarks of visible classes, in the list's order; the hook is asked
+// about those out of view, too. Landmarks that have no place on the map are left out, and so are
+// all without a calibration model. False when the hook ended the picture.
+bool DrawLandMarks(const TRenderScene& Scene, TLandMarkCache& Cache, TCanvas& Device,
+                   TCanvas& Control, const TDrawLandMarkHook& Hook);
+// The highlighted landmark's symbol again, in its own colours; never thinned out.
+bool DrawHighLight(const TRenderScene& Scene, TLandMarkCache& Cache, TCanvas& Device,
+                   TCanvas& Control, const TDrawLandMarkHook& Hook);
 
 // The trace on a canvas whose pixel Origin is the control's top left; pen and brush are as before
 // afterwards.

@@ -7,6 +7,7 @@
 #define ZAV_GEOMAP_VIEW_RENDER_SCENE_H
 
 #include <geomap/calibration/calibration.h>
+#include <geomap/view/landmark_layer.h>
 #include <geomap/view/map_look.h>
 #include <geomap/view/mouse_trace.h>
 #include <geomap/view/view_state.h>
@@ -26,6 +27,7 @@ struct TRenderScene {
   bool OnScreen = true;
   TSize Map;  // the image's size
   TCalibration Calibration;
+  TLandMarkLayer LandMarks;
   TMouseTrace Trace;
 
   // The size of the picture in device pixels; a part of a pixel counts.

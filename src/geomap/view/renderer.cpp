@@ -38,10 +38,11 @@ bool DrawMapLayers(const TRenderScene& Scene, const TRenderStores& Stores, TCanv
   DrawUTMGrid(Scene, Device);
   DrawMarkers(Scene, Device);
   Control.Pen = {clLime};
-  // Landmarks belong here: they lie over graticule and markers, under what handlers draw.
+  TLandMarkCache Unkept;
+  TLandMarkCache& Cache = Stores.LandMarks == nullptr ? Unkept : *Stores.LandMarks;
+  if (!DrawLandMarks(Scene, Cache, Device, Control, Hooks.DrawLandMark)) return false;
   if (Hooks.DataRendered && !Hooks.DataRendered(Control)) return false;
-  // The highlighted landmark belongs here, over everything that handlers draw.
-  return true;
+  return DrawHighLight(Scene, Cache, Device, Control, Hooks.DrawLandMark);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include <geomap/view/graticule.h>
+#include <geomap/view/landmark_layer.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/render_scene.h>
 #include <platform/host/canvas.h>
@@ -16,6 +17,7 @@ namespace zav {
 struct TRenderStores {
   TMapImage& Image;  // with its scaled cache
   TGraticule& Graticule;
+  TLandMarkCache* LandMarks = nullptr;  // none: nothing is kept
 };
 
 // Called between the passes with a canvas in control pixels. False ends the picture at once, and
@@ -23,6 +25,7 @@ struct TRenderStores {
 struct TRenderHooks {
   std::function<bool(TCanvas&)> BeforeData;    // the map image is drawn
   std::function<bool(TCanvas&)> DataRendered;  // everything that belongs to the map is drawn
+  TDrawLandMarkHook DrawLandMark = {};         // before each landmark and the highlighted one
 };
 
 // Draws the scene on a canvas of device pixels that is at least Scene.DeviceSize() large. True when

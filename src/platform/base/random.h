@@ -15,8 +15,11 @@ class TRandom {
 
   void SetSeed(uint64_t Seed) noexcept { FState = Seed; }
 
+  // As Count calls of Next, at once.
+  void Skip(uint64_t Count) noexcept { FState += Count * Step; }
+
   uint64_t Next() noexcept {
-    FState += 0x9E3779B97F4A7C15U;
+    FState += Step;
     uint64_t z = FState;
     z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9U;
     z = (z ^ (z >> 27)) * 0x94D049BB133111EBU;
@@ -27,6 +30,7 @@ class TRandom {
   double NextDouble() noexcept { return static_cast<double>(Next() >> 11) * 0x1p-53; }
 
  private:
+  static constexpr uint64_t Step = 0x9E3779B97F4A7C15U;
   uint64_t FState;
 };
 

@@ -18,6 +18,8 @@ class TRasterCanvas final : public TCanvas {
   explicit TRasterCanvas(TBitmap& Target, TFontEngine* Fonts = nullptr) noexcept
       : FTarget(Target), FFonts(Fonts) {}
 
+  TBitmap& Target() noexcept { return FTarget; }
+
   // The pattern of a dotted pen begins anew here and runs on over the following LineTo.
   void MoveTo(int32_t X, int32_t Y) override {
     FPosition = {X, Y};
