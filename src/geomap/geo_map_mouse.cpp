@@ -112,14 +112,14 @@ void TGeoMap::SelectRect(TPoint From, TPoint To) {
 
 void TGeoMap::CancelMouse() {
   FMouse.Cancel();
-  LetGoOfMouse();
+  EndMouseDrag();
 }
 
 // What a held button began would never end, because its release goes elsewhere. The rubber band
 // needs none, and goes on when the control is shown again.
-void TGeoMap::Hidden() { LetGoOfMouse(); }
+void TGeoMap::Hidden() { EndMouseDrag(); }
 
-void TGeoMap::LetGoOfMouse() {
+void TGeoMap::EndMouseDrag() {
   if (FMouseAction == TMouseActMode::maMouseTrace) FTrace.EndStroke();
   FMouse.LetGo();
   FFeedback.Show({}, Window());

@@ -22,11 +22,20 @@ constexpr int32_t PanStep = 40;  // control pixels
 
 // --- mouse
 
+// Where zooming met a limit, the control has changed its view without painting it.
+bool GeoMapWidget::MouseEvent(const std::function<void()>& Call) {
+  const QPointer<GeoMapWidget> Self(this);
+  const bool Done = Guarded(Call);
+  if (!Done && Self && FMap->View() != FPaintedView) Guarded([this] { FMap->Paint(); });
+  return Done;
+}
+
 void GeoMapWidget::PressButton(const QMouseEvent& Event, TMouseButton Button) {
   const TPoint At = PixelAt(Event.position());
   FPressed = ToQPoint(At);
   const TShiftState Shift = ToShiftState(Event.modifiers(), Event.buttons());
-  Guarded([&] {
+  FRightEnds = Button == TMouseButton::mbRight && FMap->MouseDragging();
+  MouseEvent([&] {
     if (FGestureEnd.isActive()) EndGesture();
     FMap->MouseDown(Button, Shift, At.X, At.Y);
   });
@@ -51,7 +60,7 @@ void GeoMapWidget::mouseMoveEvent(QMouseEvent* Event) {
   FMouse = Event->position();
   FMouseInside = rect().contains(ToQPoint(PixelAt(FMouse)));
   const QPointer<GeoMapWidget> Self(this);
-  Guarded([&] {
+  MouseEvent([&] {
     const TPoint At = PixelAt(Event->position());
     FMap->MouseMove(ToShiftState(Event->modifiers(), Event->buttons()), At.X, At.Y);
   });
@@ -63,7 +72,7 @@ void GeoMapWidget::mouseReleaseEvent(QMouseEvent* Event) {
   if (!Button) return QWidget::mouseReleaseEvent(Event);
   const QPointer<GeoMapWidget> Self(this);
   const TPoint At = PixelAt(Event->position());
-  Guarded([&] {
+  MouseEvent([&] {
     FMap->MouseUp(*Button, ToShiftState(Event->modifiers(), Event->buttons()), At.X, At.Y);
   });
   if (!Self || *Button != TMouseButton::mbLeft) return;
@@ -91,6 +100,53 @@ void GeoMapWidget::ReportMousePosition() {
     FToldPosition = Now;
     Q_EMIT mousePositionChanged(Map, Position.Latit, Position.Longit, Valid);
   });
+}
+
+// --- what the tools tell
+
+void GeoMapWidget::RubberBandBegun(TGeoMap& /*Map*/, TPoint MapPixel) {
+  Q_EMIT rubberBandBegun(ToQPoint(MapPixel));
+}
+
+void GeoMapWidget::RubberBandContinued(TGeoMap& /*Map*/, TPoint MapPixel) {
+  Q_EMIT rubberBandContinued(ToQPoint(MapPixel));
+}
+
+void GeoMapWidget::RubberBandEnded(TGeoMap& /*Map*/, TPoint MapPixel) {
+  Q_EMIT rubberBandEnded(ToQPoint(MapPixel));
+}
+
+void GeoMapWidget::PixelsSelected(TGeoMap& /*Map*/, TPoint From, TPoint To) {
+  Q_EMIT pixelsSelected(ToQPoint(From), ToQPoint(To));
+}
+
+void GeoMapWidget::RectSelected(TGeoMap& /*Map*/, int Kind, double X1, double Y1, double X2,
+                                double Y2) {
+  if (Kind == 1) Q_EMIT areaSelected(Y1, X1, Y2, X2);
+}
+
+// A button that is held belongs to a widget that is seen; its release may come to another one.
+void GeoMapWidget::hideEvent(QHideEvent* Event) {
+  if (Guarded([this] { FMap->EndMouseDrag(); })) QWidget::hideEvent(Event);
+}
+
+// While the program waits for a box, Escape gives it up wherever the keyboard's focus is, but for
+// menus and dialogs that are open.
+void GeoMapWidget::MouseBoxChanged(TGeoMap& Map) {
+  if (Map.MouseDragging())
+    qApp->installEventFilter(this);
+  else
+    qApp->removeEventFilter(this);
+}
+
+bool GeoMapWidget::eventFilter(QObject* Watched, QEvent* Event) {
+  const bool Key = Event->type() == QEvent::KeyPress || Event->type() == QEvent::ShortcutOverride;
+  if (!Key || static_cast<QKeyEvent*>(Event)->key() != Qt::Key_Escape ||
+      QApplication::activePopupWidget() != nullptr || QApplication::activeModalWidget() != nullptr)
+    return QWidget::eventFilter(Watched, Event);
+  Event->accept();
+  if (Event->type() == QEvent::KeyPress) Guarded([this] { FMap->MouseBoxAbort(); });
+  return Event->type() == QEvent::KeyPress;
 }
 
 // --- zooming and panning without dragging
@@ -218,6 +274,10 @@ bool GeoMapWidget::HandleKey(int Key, bool Far) {
 }
 
 void GeoMapWidget::keyPressEvent(QKeyEvent* Event) {
+  if (Event->key() == Qt::Key_Escape && MouseBusy()) {
+    Guarded([this] { FMap->CancelMouse(); });
+    return Event->accept();
+  }
   // With other modifiers they are the application's shortcuts.
   const auto Others = Event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
   if (Others != Qt::NoModifier || FMap->MapImgFile().empty()) return QWidget::keyPressEvent(Event);

@@ -6,8 +6,10 @@
 #include <exception>
 #include <utility>
 
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QImage>
+#include <QKeyEvent>
 #include <QNativeGestureEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -193,6 +195,18 @@ bool GeoMapWidget::event(QEvent* Event) {
       if (!Guarded([&] { FMap->SetVisible(Visible); })) return true;
       break;
     }
+    case QEvent::ContextMenu:
+      if (FRightEnds &&
+          static_cast<QContextMenuEvent*>(Event)->reason() == QContextMenuEvent::Mouse)
+        return true;
+      break;
+    case QEvent::ShortcutOverride:
+      // Escape is the tool's while one is under way, whatever shortcut it is otherwise.
+      if (static_cast<QKeyEvent*>(Event)->key() == Qt::Key_Escape && MouseBusy()) {
+        Event->accept();
+        return true;
+      }
+      break;
     case QEvent::NativeGesture: {
       const auto* Gesture = static_cast<QNativeGestureEvent*>(Event);
       if (Gesture->gestureType() != Qt::ZoomNativeGesture) break;

@@ -7,7 +7,8 @@
 //
 // Users drag the map with the left button, zoom about the mouse with the wheel or a touchpad, and
 // use the keyboard: arrows pan (farther with Shift), + and - zoom, 0 shows the map at its own size,
-// F or Home all of it.
+// F or Home all of it. mouseMode gives the left button other tools; Escape ends what was begun with
+// one, and so does the right button.
 //
 // What has no Qt member is done on map(), the control itself. It belongs to the widget; sizes and
 // mouse events come from the widget only. docs/properties.md lists all properties and events.
@@ -192,6 +193,20 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   void mapChanged();
   // A setting was changed by one of this class's setters.
   void settingsChanged();
+  // A map image is being loaded.
+  void dataLoading(int percentDone);
+
+  // The user zoomed or panned.
+  void zoomPanned();
+  // A click began, continued (with Ctrl) or ended a rubber band; a selection begins like one.
+  void rubberBandBegun(QPoint mapPixel);
+  void rubberBandContinued(QPoint mapPixel);
+  void rubberBandEnded(QPoint mapPixel);
+  // A rectangle was selected: its corners where the mouse went down and up, in pixels of the map
+  // image, which may lie outside it; then in degrees, when both have a position.
+  void pixelsSelected(QPoint from, QPoint to);
+  void areaSelected(double fromLatitude, double fromLongitude, double toLatitude,
+                    double toLongitude);
 
   // Another position is under the mouse, because it moved or the map did, by the user or the
   // program: in pixels of the map image and degrees. Not valid, and 0 degrees, without a map or
@@ -203,6 +218,8 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
 
  protected:
   bool event(QEvent* Event) override;
+  bool eventFilter(QObject* Watched, QEvent* Event) override;
+  void hideEvent(QHideEvent* Event) override;
   void paintEvent(QPaintEvent* Event) override;
   void resizeEvent(QResizeEvent* Event) override;
   void mousePressEvent(QMouseEvent* Event) override;
@@ -217,6 +234,15 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   void ViewChanged(TGeoMap& Map) override;
   void CalibrationChanged(TGeoMap& Map) override;
   void ImageChanged(TGeoMap& Map) override;
+  void Painted(TGeoMap& Map) override { FPaintedView = Map.View(); }
+  void DataLoading(TGeoMap&, int PercentDone) override { Q_EMIT dataLoading(PercentDone); }
+  void ZoomPanned(TGeoMap&) override { Q_EMIT zoomPanned(); }
+  void RubberBandBegun(TGeoMap& Map, TPoint MapPixel) override;
+  void RubberBandContinued(TGeoMap& Map, TPoint MapPixel) override;
+  void RubberBandEnded(TGeoMap& Map, TPoint MapPixel) override;
+  void PixelsSelected(TGeoMap& Map, TPoint From, TPoint To) override;
+  void RectSelected(TGeoMap& Map, int Kind, double X1, double Y1, double X2, double Y2) override;
+  void MouseBoxChanged(TGeoMap& Map) override;
 
   TQtControlWindow& Window() const;
   // Runs Call and reports what it throws. True when it threw nothing and the widget still exists.
@@ -231,6 +257,8 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   void LoadCalibration(const QString& CalibrationFile);
   void FollowScreen();
   void PressButton(const QMouseEvent& Event, TMouseButton Button);
+  bool MouseEvent(const std::function<void()>& Call);
+  bool MouseBusy() const { return FMap->MouseDragging() || FMap->RubberBandActive(); }
   void ZoomAt(QPointF Position, int Steps);
   // Qt counts eighths of a degree; a notch of an ordinary wheel is 15 degrees.
   static constexpr double UnitsPerStep = 120;
@@ -258,6 +286,8 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   bool FMouseInside = false;
   std::optional<TMousePosition> FToldPosition;
   QPoint FPressed;
+  bool FRightEnds = false;  // the right button gives something up, so that it opens no menu
+  TViewState FPaintedView;
   double FWheelUnits = 0;
   QTimer FGestureEnd;  // a pause in zooming and panning without the mouse makes one step of history
   TViewState FGestureView;  // what it led to
