@@ -233,8 +233,9 @@ std::vector<double> GrowthAtCorners(const TCalibration& Calibration,
                                     const std::vector<TResidual>& Table) {
   const int32_t Width = Calibration.ImageWidth();
   const int32_t Height = Calibration.ImageHeight();
+  const size_t Needed = IsSecondOrder(Calibration) ? 6 : 3;
+  if (Width < 1 || Height < 1 || Table.size() < Needed) return {};
   TTerms Terms(Table, IsSecondOrder(Calibration));
-  if (Width < 1 || Height < 1 || static_cast<int32_t>(Table.size()) < Terms.Count()) return {};
   if (Undetermined(Table, IsSecondOrder(Calibration))) return {};
   std::vector<double> Growth;
   for (const TPoint Corner :

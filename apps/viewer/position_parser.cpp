@@ -116,7 +116,7 @@ void Lexer::ReadNumber() {
 void Lexer::ReadWord() {
   QString Word;
   while (At(FPos).isLetter()) Word += At(FPos++).toLower();
-  if (Word == QLatin1String("deg") || Word == QLatin1String("d")) return Add(Symbol::Degree, 0);
+  if (Word == QLatin1String("deg")) return Add(Symbol::Degree, 0);
   if (Word == QLatin1String("min")) return Add(Symbol::Minute, 0);
   if (Word == QLatin1String("sec")) return Add(Symbol::Second, 0);
   Add(Symbol::Word, 0, Word);
@@ -308,7 +308,14 @@ size_t SplitPlace(Tokens& All) {
   return Place - 1;
 }
 
+// "47d 30 min": a letter that is a band in UTM.
+void TakeDegreeLetters(Tokens& All) {
+  for (Token& Each : All)
+    if (Each.Kind == Symbol::Word && Each.Text == QLatin1String("d")) Each.Kind = Symbol::Degree;
+}
+
 CalibPosition ReadAngles(Tokens All) {
+  TakeDegreeLetters(All);
   const size_t Place = SplitPlace(All);
   const auto Middle = All.begin() + static_cast<std::ptrdiff_t>(Place);
   Angle First = AngleReader().Read(Tokens(All.begin(), Middle));
@@ -488,7 +495,8 @@ TypedAngle ParseTypedAngle(const QString& Text, TGratLineKind Kind) {
   try {
     const QString Clean = Prepared(Text);
     if (Clean.isEmpty()) Fail(Tr("Type an angle, as 10.5 or 10 30 E."));
-    const Tokens All = Lexer(Clean, true).All();
+    Tokens All = Lexer(Clean, true).All();
+    TakeDegreeLetters(All);
     if (CountOf(All, Symbol::Separator) > 0) Fail(Tr("One angle is wanted, as 10.5 or 10 30 E."));
     const Angle Found = AngleReader().Read(All);
     if (Found.Of != Axis::Unknown && Found.Of != Of)
