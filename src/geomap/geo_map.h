@@ -361,6 +361,16 @@ class TGeoMap : public TCustomControl {
   void RemoveAllLandMarks();
   void RemoveAllLandMarks(uint8_t ClassFlag);
 
+  // Replaces the landmarks by those of the file's set with the DataID, or of the first for an empty
+  // DataID; highlight and visibility stay, nothing is asked. False, and the landmarks stay, when
+  // there is no such set, or LoadLandMarks cannot open the file. Only LoadLandMarks repaints.
+  bool ReadLandMarksFromOpenXMLFile(TextFile& F, const std::string& DataID);
+  bool LoadLandMarks(const std::string& FileName, const std::string& DataID);
+  // Writes the landmarks as a set; see WriteLandMarks in landmark_file.h for what is refused.
+  void WriteLandMarksToOpenXMLFile(TextFile& F, const std::string& DataID) const;
+  // The file is replaced when everything is written, or not at all.
+  void SaveLandmarks(const std::string& FileName, const std::string& DataID) const;
+
   bool GetClassVisibility(uint8_t ClassFlag) const noexcept {
     return FLandMarks->ClassVisible[ClassFlag];
   }

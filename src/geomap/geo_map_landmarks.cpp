@@ -5,6 +5,9 @@
 #include <new>
 #include <utility>
 
+#include <geomap/landmarks/landmark_file.h>
+#include <geomap/landmarks/record_attributes.h>
+
 namespace zav {
 namespace {
 
@@ -164,6 +167,32 @@ void TGeoMap::RemoveAllLandMarks(uint8_t ClassFlag) {
   RemoveLandMarks([&](TLandMarkStore& Store, const TLandMarkStore::TQuestion& May) {
     return Store.RemoveClass(ClassFlag, May);
   });
+}
+
+// --- files ---------------------------------------------------------------------------------------
+
+bool TGeoMap::ReadLandMarksFromOpenXMLFile(TextFile& F, const std::string& DataID) {
+  TLandMarkList List;
+  if (!WithMemory([&] { return ReadLandMarks(F, DataID, List); })) return false;
+  FLandMarks->SetList(std::move(List));
+  return true;
+}
+
+bool TGeoMap::LoadLandMarks(const std::string& FileName, const std::string& DataID) {
+  TextFile F;
+  if (!OpenRecordFile(F, FileName)) return false;
+  const bool Found = ReadLandMarksFromOpenXMLFile(F, DataID);
+  F.Close();
+  Paint();
+  return Found;
+}
+
+void TGeoMap::WriteLandMarksToOpenXMLFile(TextFile& F, const std::string& DataID) const {
+  WriteLandMarks(F, DataID, LandMarks(), ComponentMessage(""));
+}
+
+void TGeoMap::SaveLandmarks(const std::string& FileName, const std::string& DataID) const {
+  SaveLandMarks(FileName, DataID, LandMarks(), ComponentMessage(""));
 }
 
 // --- look and drawing ----------------------------------------------------------------------------

@@ -7,5 +7,8 @@
 #include <geomap/calibration/calibration.h>
 #include <geomap/errors.h>
 #include <geomap/geo_map.h>
+#include <geomap/landmarks/landmark_file.h>
+#include <geomap/landmarks/symbol_drawing.h>
+#include <geomap/landmarks/symbol_repository.h>
 
 #endif

@@ -5,8 +5,11 @@
 #ifndef ZAV_GEOMAP_LANDMARKS_LANDMARK_H
 #define ZAV_GEOMAP_LANDMARKS_LANDMARK_H
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include <platform/base/color.h>
 #include <platform/base/date_time.h>
@@ -30,6 +33,16 @@ enum class TLandMarkElement : uint8_t {
   lmCross = 8,
   lmUserDef = 9
 };
+
+// Display names of the shapes, indexed by TLandMarkElement.
+constexpr std::array<std::string_view, 10> LMTypeNames = {
+    "Plus",    "Square",   "Triangle", "Circle", "ArrowFrom",
+    "ArrowTo", "CrossBox", "Spade",    "Cross",  "User-Defined"};
+// The name of any value; one that is no element is user-defined.
+constexpr std::string_view LMTypeName(TLandMarkElement Element) noexcept {
+  const auto Index = static_cast<size_t>(Element);
+  return LMTypeNames[Index < LMTypeNames.size() ? Index : LMTypeNames.size() - 1];
+}
 
 enum class TLandMarkAction : uint8_t { lmaAdd = 0, lmaRemove = 1 };
 

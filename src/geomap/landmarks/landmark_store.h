@@ -16,18 +16,12 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <string_view>
 
 #include <geomap/landmarks/landmark.h>
 #include <geomap/landmarks/landmark_list.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
-
-// Display names of the shapes, indexed by TLandMarkElement.
-constexpr std::array<std::string_view, 10> LMTypeNames = {
-    "Plus",    "Square",   "Triangle", "Circle", "ArrowFrom",
-    "ArrowTo", "CrossBox", "Spade",    "Cross",  "User-Defined"};
 
 // Whether each of the 256 classes is drawn.
 using TClassVisibility = std::array<bool, 256>;
