@@ -9,7 +9,8 @@
 #include "../tests/geomap/landmarks/record_check.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size) {
-  const std::string Fault = zav::test::CheckSymbolBytes({Data, Data + Size});
+  const std::string Bytes(Data, Data + Size);
+  const std::string Fault = zav::test::CheckSymbolBytes(Bytes);
   if (!Fault.empty()) {
     std::fputs(Fault.c_str(), stderr);
     std::abort();
