@@ -99,20 +99,42 @@ std::string Named(const std::vector<TResidual>& Table, size_t Index) {
          ShortestNumber(Row.Position.Latit) + "," + ShortestNumber(Row.Position.Longit);
 }
 
+// The calibration fitted to some of its control points.
+TCalibration FittedTo(const TCalibration& Calibration, const std::vector<size_t>& Points) {
+  TCalibData Some = Calibration.Data();
+  Some.NumCalQuads = 0;
+  for (const size_t i : Points)
+    Some.CalQuads[static_cast<size_t>(Some.NumCalQuads++)] = Calibration.Data().CalQuads[i];
+  TCalibration Fitted = Calibration;
+  Fitted.SetData(Some, Calibration.Model());
+  return Fitted;
+}
+
+double MissOf(const TCalibration& Calibration, const TCalibration& Fitted, size_t Point) {
+  return ResidualOf(Fitted, Calibration.Data().CalQuads[Point]).Pixels;
+}
+
 // How far each control point is from where a fit of the others puts it. A wrong point bends the fit
-// towards itself, so that its own residual tells little.
+// towards itself, so that its own residual tells little; but among many points it bends it little,
+// and then only the worst ones are looked at closely, because a conic takes its time.
 std::vector<double> MissesOfOthersFit(const TCalibration& Calibration,
                                       const std::vector<size_t>& Points) {
-  TCalibration Trial = Calibration;
-  std::vector<double> Misses;
-  for (const size_t Left : Points) {
-    TCalibData Others = Calibration.Data();
-    Others.NumCalQuads = 0;
-    for (const size_t i : Points)
-      if (i != Left)
-        Others.CalQuads[static_cast<size_t>(Others.NumCalQuads++)] = Calibration.Data().CalQuads[i];
-    Trial.SetData(Others, Calibration.Model());
-    Misses.push_back(ResidualOf(Trial, Calibration.Data().CalQuads[Left]).Pixels);
+  constexpr size_t Many = 30;
+  constexpr size_t Close = 5;
+  std::vector<double> Misses(Points.size());
+  std::vector<size_t> Order(Points.size());
+  std::iota(Order.begin(), Order.end(), size_t{0});
+  if (Points.size() > Many) {
+    const TCalibration All = FittedTo(Calibration, Points);
+    for (const size_t i : Order) Misses[i] = MissOf(Calibration, All, Points[i]);
+    std::stable_sort(Order.begin(), Order.end(),
+                     [&](size_t A, size_t B) { return Misses[A] > Misses[B]; });
+    Order.resize(Close);
+  }
+  for (const size_t i : Order) {
+    std::vector<size_t> Others = Points;
+    Others.erase(Others.begin() + static_cast<std::ptrdiff_t>(i));
+    Misses[i] = MissOf(Calibration, FittedTo(Calibration, Others), Points[i]);
   }
   return Misses;
 }

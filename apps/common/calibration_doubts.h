@@ -31,7 +31,7 @@ struct TDoubt {
 // The number of control points that determine the model; one more is needed to check them.
 int32_t PointsNeeded(TCalibModel Model);
 
-// Table is that of Residuals. With a conic and many points this takes a while.
+// Table is that of Residuals. A conic of many points takes some tenths of a second.
 std::vector<TDoubt> FindDoubts(const TCalibration& Calibration,
                                const std::vector<TResidual>& Table);
 

@@ -261,6 +261,8 @@ class TGeoMap : public TCustomControl {
   // TCalibration for what each does and returns. Errors are EZAVGeoMapError.
   const TCalibration& Calibration() const noexcept { return FCalibration; }
   const TCalibData& CalibData() const noexcept { return FCalibration.Data(); }
+  // Replaces all items, the caption and the like, keeps the model; recalculates and repaints once.
+  void SetCalibData(const TCalibData& Data) { SetCalibration(Data, CalibModel()); }
   // Replaces items and model, recalculates and repaints once.
   void SetCalibration(const TCalibData& Data, TCalibModel Model);
   TCalibModel CalibModel() const noexcept { return FCalibration.Model(); }

@@ -119,6 +119,7 @@ TEST(GeoMap, ConsequenceOfEverySetter) {
       {"SetUTMHemisphere", 0, 0, [](M& m) { m.SetUTMHemisphere(THemisphere::hemiSouth); }},
       {"SetCalibModel", 1, 1, [](M& m) { m.SetCalibModel(TCalibModel::cmBiquadraticPn); }},
       {"SetCalibration", 1, 1, [](M& m) { m.SetCalibration({}, TCalibModel::cmUTM); }},
+      {"SetCalibData", 1, 1, [](M& m) { m.SetCalibData({}); }},
       {"AddCalibPoint", 1, 1, [](M& m) { m.AddCalibPoint(1, 2, 3, 4); }},
       {"RemoveCalibPoint", 1, 1, [](M& m) { m.RemoveCalibPoint(3, 4); }},
       {"RestoreLastDeletedCalPoint, none", 0, 0, [](M& m) { m.RestoreLastDeletedCalPoint(); }},
