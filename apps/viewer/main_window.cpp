@@ -25,6 +25,7 @@
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
+#include "export_menu.h"
 #include "graticule_menu.h"
 #include "message_bar.h"
 #include "readout_button.h"
@@ -86,7 +87,7 @@ QString MainWindow::openAll(const QStringList& Paths) {
     Shown = openList(Sources);
   else
     Shown = showMap(Sources.constFirst());
-  if (Problem.isEmpty()) return Shown;
+  if (Problem.isEmpty() || Problem == Shown) return Shown;
   return report(Problem);
 }
 
@@ -111,7 +112,7 @@ QString MainWindow::openList(const QList<MapSource>& Sources) {
 
 QString MainWindow::showMap(const MapSource& Source) {
   // A map that cannot be shown leaves the one that is.
-  if (!Source.Problem.isEmpty()) return report(Source.Problem);
+  if (!Source.Problem.isEmpty()) return reportSource(Source);
   QString Problem;
   QApplication::setOverrideCursor(Qt::WaitCursor);
   map().SetSuppressPaint(true);
@@ -227,6 +228,7 @@ void MainWindow::updateReadout() {
 }
 
 void MainWindow::updateStatus() {
+  FExport->setMap(FShown);
   updateReadout();
   if (!FShown) {
     setWindowTitle(tr("zavgeo viewer"));

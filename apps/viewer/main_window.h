@@ -24,6 +24,7 @@ class QSettings;
 
 namespace zav {
 
+class ExportMenu;
 class GeoMapWidget;
 class GraticuleMenu;
 class MessageBar;
@@ -64,6 +65,7 @@ class MainWindow final : public QMainWindow {
   void makeList();
   void makeStatusBar();
   void makeMenus();
+  void makeExport(QMenu& File, QMenu& Edit);
   void fillRecentMenu();
   void restore();
 
@@ -72,6 +74,7 @@ class MainWindow final : public QMainWindow {
   QString openList(const QList<MapSource>& Sources);
   QString showMap(const MapSource& Source);
   QString report(const QString& Problem);
+  QString reportSource(const MapSource& Source);
   void showMapMenu(QPoint Position);
   void showAbout();
 
@@ -92,6 +95,7 @@ class MainWindow final : public QMainWindow {
   ViewMenu* FView = nullptr;
   GraticuleMenu* FGraticule = nullptr;
   QMenu* FRecent = nullptr;
+  ExportMenu* FExport = nullptr;
   QAction* FCopy = nullptr;
   QAction* FCopyPixel = nullptr;
   ReadoutButton* FReadout = nullptr;

@@ -137,6 +137,7 @@ void MainWindow::makeMenus() {
                           this, [this] { copyText(textAt(*FMousePixel)); });
   FCopyPixel = Edit->addAction(tr("Copy P&ixel"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
                                this, [this] { copyText(PixelText(*FMousePixel)); });
+  makeExport(*File, *Edit);
 
   FView = new ViewMenu(*FWidget, this);
   menuBar()->addMenu(FView);
@@ -207,7 +208,8 @@ void MainWindow::askFiles() {
   const QString Folder = FSettings != nullptr ? FSettings->value(FolderKey).toString() : QString();
   const QStringList Paths = QFileDialog::getOpenFileNames(
       this, tr("Open Maps"), Folder,
-      tr("Maps (*.xml *.XML *.jpg *.JPG *.jpeg *.JPEG *.bmp *.BMP);;All files (*)"));
+      tr("Maps (*.xml *.XML *.jpg *.JPG *.jpeg *.JPEG *.bmp *.BMP);;Scans of other kinds (*.png "
+         "*.PNG *.tif *.TIF *.tiff *.TIFF);;All files (*)"));
   if (Paths.isEmpty()) return;
   if (FSettings != nullptr)
     FSettings->setValue(FolderKey, QFileInfo(Paths.constFirst()).absolutePath());

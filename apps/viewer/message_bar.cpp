@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "message_bar.h"
 
+#include <utility>
+
 #include <QAccessible>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 #include <QToolButton>
 
@@ -20,7 +23,10 @@ const QColor Stripe(0xd9, 0x7b, 0x16);
 }  // namespace
 
 MessageBar::MessageBar(QWidget* Parent)
-    : QFrame(Parent), FSign(new QLabel(this)), FText(new QLabel(this)) {
+    : QFrame(Parent),
+      FSign(new QLabel(this)),
+      FText(new QLabel(this)),
+      FAnswer(new QPushButton(this)) {
   FText->setWordWrap(true);
   FText->setTextFormat(Qt::PlainText);
   FText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -37,13 +43,26 @@ MessageBar::MessageBar(QWidget* Parent)
   Layout->setSpacing(10);
   Layout->addWidget(FSign, 0, Qt::AlignTop);
   Layout->addWidget(FText, 1);
+  Layout->addWidget(FAnswer, 0, Qt::AlignTop);
   Layout->addWidget(Close, 0, Qt::AlignTop);
+  FAnswer->setObjectName(QStringLiteral("answer"));
+  connect(FAnswer, &QPushButton::clicked, this, [this] {
+    hide();
+    // What it does may ask the next question.
+    if (const std::function<void()> OnAnswer = FOnAnswer) OnAnswer();
+  });
   updateColors();
   hide();
 }
 
-void MessageBar::showMessage(const QString& Text) {
+void MessageBar::showMessage(const QString& Text) { showQuestion(Text, {}, nullptr); }
+
+void MessageBar::showQuestion(const QString& Text, const QString& Answer,
+                              std::function<void()> OnAnswer) {
   FText->setText(Text);
+  FAnswer->setText(Answer);
+  FAnswer->setVisible(!Answer.isEmpty());
+  FOnAnswer = std::move(OnAnswer);
   show();
   QAccessibleEvent Alert(FText, QAccessible::Alert);
   QAccessible::updateAccessibility(&Alert);

@@ -3,10 +3,13 @@
 #ifndef ZAV_APPS_VIEWER_MESSAGE_BAR_H
 #define ZAV_APPS_VIEWER_MESSAGE_BAR_H
 
+#include <functional>
+
 #include <QFrame>
 #include <QString>
 
 class QLabel;
+class QPushButton;
 class QToolButton;
 
 namespace zav {
@@ -18,6 +21,8 @@ class MessageBar final : public QFrame {
   explicit MessageBar(QWidget* Parent = nullptr);
 
   void showMessage(const QString& Text);
+  // A message with a button that does something about it and closes the message.
+  void showQuestion(const QString& Text, const QString& Answer, std::function<void()> OnAnswer);
   QString text() const;
 
  protected:
@@ -29,6 +34,8 @@ class MessageBar final : public QFrame {
 
   QLabel* FSign;
   QLabel* FText;
+  QPushButton* FAnswer;
+  std::function<void()> FOnAnswer;
 };
 
 }  // namespace zav
