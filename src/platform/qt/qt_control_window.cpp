@@ -27,6 +27,11 @@ double CheckedScale(double Scale) {
   return std::isnan(Scale) ? 1 : std::clamp(Scale, MinScale, MaxScale);
 }
 
+// Qt draws high parts of a region in several threads. To wake them takes longer than to copy the
+// edges of a box, so narrow parts are drawn in pieces that are not high.
+constexpr int NarrowWidth = 128;
+constexpr int NarrowRows = 64;
+
 // A tiny excess, such as 1.1 * 10 has, does not add a pixel.
 int32_t DevicePixels(int32_t Size, double Scale) {
   constexpr double MostPixels = 32767;
@@ -110,7 +115,12 @@ void TQtControlWindow::CopyTo(QPainter& Painter, const QRegion& Region) {
     const QRect Area = DeviceArea(Part, FScale) & Whole;
     if (Area.isEmpty()) continue;
     UpdateShadow(Area);
-    Painter.drawImage(Area.topLeft(), FShadow, Area);
+    const int Rows = Area.width() < NarrowWidth ? NarrowRows : Area.height();
+    for (int Top = Area.top(); Top <= Area.bottom(); Top += Rows) {
+      const QRect Rest(Area.left(), Top, Area.width(), Area.bottom() - Top + 1);
+      const QRect Piece = Rest.intersected({Area.left(), Top, Area.width(), Rows});
+      Painter.drawImage(Piece.topLeft(), FShadow, Piece);
+    }
   }
   Painter.restore();
 }
