@@ -1,10 +1,12 @@
-// geobasics.h - everything of geobasics: ellipsoids, countries, Transverse Mercator, UTM and UPS.
+// geobasics.h - everything of geobasics: ellipsoids, countries, distances, Transverse Mercator, UTM
+// and UPS.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOBASICS_GEOBASICS_H
 #define ZAV_GEOBASICS_GEOBASICS_H
 
 #include <geobasics/countries.h>            // IWYU pragma: export
 #include <geobasics/ellipsoids.h>           // IWYU pragma: export
+#include <geobasics/geodesic.h>             // IWYU pragma: export
 #include <geobasics/transverse_mercator.h>  // IWYU pragma: export
 #include <geobasics/ups.h>                  // IWYU pragma: export
 #include <geobasics/utm.h>                  // IWYU pragma: export
