@@ -101,6 +101,8 @@ void CalibrationEditor::ask(const Question& Asked, QPoint Beside) {
   FPosition->selectAll();
 }
 
+void CalibrationEditor::takeFocus() { FPosition->setFocus(Qt::OtherFocusReason); }
+
 void CalibrationEditor::setTitle(const QString& Title) { FTitle->setText(Title); }
 
 void CalibrationEditor::placeBeside(QPoint Point) {

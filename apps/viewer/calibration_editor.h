@@ -42,6 +42,8 @@ class CalibrationEditor final : public QFrame {
   void setTitle(const QString& Title);
   // Puts itself beside a point of the map, off the magnifier's side where there is room.
   void placeBeside(QPoint Point);
+  // Back to the field, after the mouse was used on the map.
+  void takeFocus();
   bool isAsking() const { return !isHidden(); }
   // Ends without an answer.
   void cancel();

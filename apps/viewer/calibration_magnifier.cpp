@@ -44,15 +44,21 @@ void CalibrationMagnifier::setFactor(int Factor) {
   update();
 }
 
-void CalibrationMagnifier::showAt(TPoint MapPixel, QPoint Beside) {
+void CalibrationMagnifier::showAt(TPoint MapPixel, QPoint Beside, const QRect& Avoid) {
   FCenter = MapPixel;
-  const QSize Room = FWidget.size();
-  QPoint At = Beside + QPoint(Distance, -Distance - height());
-  if (At.x() + width() > Room.width()) At.setX(Beside.x() - Distance - width());
-  if (At.y() < 0) At.setY(Beside.y() + Distance);
-  At.setX(std::clamp(At.x(), 0, std::max(0, Room.width() - width())));
-  At.setY(std::clamp(At.y(), 0, std::max(0, Room.height() - height())));
-  move(At);
+  const QRect Room = FWidget.rect();
+  const int Right = Beside.x() + Distance;
+  const int Left = Beside.x() - Distance - width();
+  const int Above = Beside.y() - Distance - height();
+  const int Below = Beside.y() + Distance;
+  QRect Place;
+  for (const QPoint Corner :
+       {QPoint(Right, Above), QPoint(Left, Above), QPoint(Right, Below), QPoint(Left, Below)}) {
+    Place = QRect(Corner, size());
+    if (Room.contains(Place) && !Place.intersects(Avoid)) break;
+  }
+  move(std::clamp(Place.x(), 0, std::max(0, Room.width() - width())),
+       std::clamp(Place.y(), 0, std::max(0, Room.height() - height())));
   raise();
   show();
   update();

@@ -5,6 +5,7 @@
 #define ZAV_APPS_VIEWER_CALIBRATION_MAGNIFIER_H
 
 #include <QPoint>
+#include <QRect>
 #include <QWidget>
 
 #include <platform/base/geometry.h>
@@ -28,8 +29,8 @@ class CalibrationMagnifier final : public QWidget {
   void setFactor(int Factor);
   // The map pixel that the cross hair is on.
   TPoint center() const { return FCenter; }
-  // Shows itself beside a point of the map widget, on the side where there is room.
-  void showAt(TPoint MapPixel, QPoint Beside);
+  // Shows itself beside a point of the map widget, where there is room and it does not cover Avoid.
+  void showAt(TPoint MapPixel, QPoint Beside, const QRect& Avoid = {});
 
  protected:
   void paintEvent(QPaintEvent* Event) override;

@@ -25,6 +25,8 @@
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
+#include "calibration_menu.h"
+#include "calibration_workbench.h"
 #include "export_menu.h"
 #include "graticule_menu.h"
 #include "message_bar.h"
@@ -50,8 +52,6 @@ void LoadInto(TGeoMap& Map, const MapSource& Source) {
 }
 
 }  // namespace
-
-MainWindow::~MainWindow() = default;
 
 TGeoMap& MainWindow::map() { return FWidget->map(); }
 
@@ -113,6 +113,7 @@ QString MainWindow::openList(const QList<MapSource>& Sources) {
 QString MainWindow::showMap(const MapSource& Source) {
   // A map that cannot be shown leaves the one that is.
   if (!Source.Problem.isEmpty()) return reportSource(Source);
+  if (!FCalibration->letGo()) return {};
   QString Problem;
   QApplication::setOverrideCursor(Qt::WaitCursor);
   map().SetSuppressPaint(true);
@@ -129,6 +130,11 @@ QString MainWindow::showMap(const MapSource& Source) {
     map().Clear();
     FShown.reset();
   }
+  FMessage->hide();
+  if (Problem.isEmpty())
+    FCalibration->mapOpened(Source);
+  else
+    FCalibration->mapClosed();
   if (!FWidget->underMouse()) FMousePixel.reset();
   FReadout->setMap(map().CalibData().Ellipsoid, map().CalibData().Resolution);
   FView->showOpened();
@@ -137,7 +143,6 @@ QString MainWindow::showMap(const MapSource& Source) {
   QApplication::restoreOverrideCursor();
   updateStatus();
   if (!Problem.isEmpty()) return report(Problem);
-  FMessage->hide();
   FWidget->setFocus();
   return {};
 }
@@ -237,7 +242,7 @@ void MainWindow::updateStatus() {
     FScale->clear();
     return;
   }
-  setWindowTitle(tr("%1 - zavgeo viewer").arg(FShown->Caption));
+  setWindowTitle(tr("%1[*] - zavgeo viewer").arg(FShown->Caption));
   FName->setText(tr("%1 (%2)").arg(FShown->Caption, ModelName(map().CalibModel())));
   FName->setToolTip(QDir::toNativeSeparators(FShown->Path));
   FZoom->setText(tr("%1 %").arg(locale().toString(map().Magnification() * 100, 'f', 0)));
@@ -278,12 +283,15 @@ void MainWindow::dropEvent(QDropEvent* Event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* Event) {
+  if (!FCalibration->letGo()) return Event->ignore();
+  FCalibration->dock().hide();  // its graticule goes with it
   if (FSettings != nullptr) {
     FSettings->setValue("window/geometry", saveGeometry());
     FSettings->setValue("window/state", saveState(LayoutVersion));
     FSettings->setValue("readout/format", static_cast<int>(FReadout->format()));
     FView->save(*FSettings);
     FGraticule->save(*FSettings);
+    FCalibrationMenu->save(*FSettings);
   }
   QMainWindow::closeEvent(Event);
 }

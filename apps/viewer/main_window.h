@@ -24,6 +24,8 @@ class QSettings;
 
 namespace zav {
 
+class CalibrationMenu;
+class CalibrationWorkbench;
 class ExportMenu;
 class GeoMapWidget;
 class GraticuleMenu;
@@ -51,6 +53,7 @@ class MainWindow final : public QMainWindow {
 
   GeoMapWidget& mapWidget() { return *FWidget; }
   QString message() const;
+  CalibrationWorkbench& calibration() { return *FCalibration; }
 
  protected:
   void closeEvent(QCloseEvent* Event) override;
@@ -65,6 +68,7 @@ class MainWindow final : public QMainWindow {
   void makeList();
   void makeStatusBar();
   void makeMenus();
+  void makeCalibration(QMenu& File, QMenu& Edit);
   void makeExport(QMenu& File, QMenu& Edit);
   void fillRecentMenu();
   void restore();
@@ -84,6 +88,8 @@ class MainWindow final : public QMainWindow {
   QString textAt(QPointF MapPixel);
   void copyText(const QString& Text);
   void updateReadout();
+  void calibrationChanged();
+  void calibrationSaved(const QString& Path);
   void updateStatus();
 
   QSettings* FSettings;
@@ -94,6 +100,8 @@ class MainWindow final : public QMainWindow {
   QDockWidget* FDock = nullptr;
   ViewMenu* FView = nullptr;
   GraticuleMenu* FGraticule = nullptr;
+  CalibrationWorkbench* FCalibration = nullptr;
+  CalibrationMenu* FCalibrationMenu = nullptr;
   QMenu* FRecent = nullptr;
   ExportMenu* FExport = nullptr;
   QAction* FCopy = nullptr;

@@ -19,6 +19,8 @@
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
+#include "calibration_menu.h"
+#include "calibration_workbench.h"
 #include "graticule_menu.h"
 #include "icons.h"
 #include "main_window.h"
@@ -143,6 +145,7 @@ void MainWindow::makeMenus() {
   menuBar()->addMenu(FView);
   FGraticule = new GraticuleMenu(*FWidget, this);
   menuBar()->addMenu(FGraticule);
+  makeCalibration(*File, *Edit);
   FView->addSeparator();
   FView->addMenu(FReadout->formatMenu());
   QAction* ShowList = FDock->toggleViewAction();
@@ -172,6 +175,7 @@ void MainWindow::makeMenus() {
   Graticule->setToolTip(tr("Graticule, grid and calibration points"));
   Graticule->setAccessibleName(tr("Graticule"));
   Bar->addWidget(Graticule);
+  Bar->addAction(FCalibrationMenu->calibrate());
 }
 
 void MainWindow::restore() {
@@ -179,10 +183,12 @@ void MainWindow::restore() {
   restoreGeometry(FSettings->value("window/geometry").toByteArray());
   restoreState(FSettings->value("window/state").toByteArray(), LayoutVersion);
   FDock->hide();  // it is empty yet
+  FCalibration->dock().hide();
   const int Format = FSettings->value("readout/format").toInt();
   FReadout->setFormat(AllReadoutFormats.at(static_cast<size_t>(qBound(0, Format, 3))));
   FView->load(*FSettings);
   FGraticule->load(*FSettings);
+  FCalibrationMenu->load(*FSettings);
 }
 
 void MainWindow::fillRecentMenu() {
