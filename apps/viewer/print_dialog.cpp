@@ -33,6 +33,7 @@ namespace zav {
 namespace {
 
 constexpr double MarginMillimetres = 12;
+constexpr int OptionsWidth = 240;  // fixed, so that the preview does not move with each choice
 constexpr int Scales[] = {5000,   10000,  25000,   50000,   100000,  200000,
                           250000, 500000, 1000000, 2000000, 5000000, 10000000};
 constexpr QPageSize::PageSizeId Papers[] = {
@@ -115,12 +116,15 @@ void PrintDialog::makeOptions() {
   Form->addRow(tr("Page"), FOrientation);
   Form->addRow(FLegend);
   Form->addRow(FNote);
-  auto* Left = new QVBoxLayout;
+  auto* Options = new QWidget;
+  Options->setFixedWidth(OptionsWidth);
+  auto* Left = new QVBoxLayout(Options);
+  Left->setContentsMargins(0, 0, 0, 0);
   Left->addLayout(Form);
   Left->addStretch(1);
   for (QPushButton* Each : {FPrintButton, FPdfButton, Close}) Left->addWidget(Each);
   auto* Layout = new QHBoxLayout(this);
-  Layout->addLayout(Left);
+  Layout->addWidget(Options);
   Layout->addWidget(FPreview, 1);
 }
 
@@ -130,13 +134,17 @@ void PrintDialog::load() {
   };
   const int Usual = QLocale().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
                                                                                : QPageSize::A4;
-  FPaper->setCurrentIndex(
-      qMax(FPaper->findData(Value("paper", Usual).toInt()), FPaper->findData(QPageSize::A4)));
   const int Paper = FPaper->findData(Value("paper", Usual).toInt());
-  if (Paper >= 0) FPaper->setCurrentIndex(Paper);
-  // The page lies as the map does.
-  FOrientation->setCurrentIndex(FMap.MapImgWidth() > FMap.MapImgHeight() ? 1 : 0);
+  FPaper->setCurrentIndex(Paper >= 0 ? Paper : FPaper->findData(QPageSize::A4));
   FLegend->setChecked(Value("legend", true).toBool());
+  // The page lies as the map does: so that the map becomes larger.
+  double Factors[2] = {};
+  for (const int Index : {0, 1}) {
+    FOrientation->setCurrentIndex(Index);
+    applyLayout();
+    Factors[Index] = PlanPage(FMap, TQtPrinter(*FPrinter), setup()).Factor;
+  }
+  FOrientation->setCurrentIndex(Factors[1] > Factors[0] ? 1 : 0);
 }
 
 void PrintDialog::save() {
@@ -243,6 +251,7 @@ void PrintDialog::askAndPrint() {
   QPrintDialog Dialog(&Printer, this);
   Dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
   if (Dialog.exec() != QDialog::Accepted) return;
+  FPrinter->setPageLayout(Printer.pageLayout());
   // A file is written whole or not at all; the printer's own way does not see a full disk.
   const bool ToFile = Printer.outputFormat() == QPrinter::PdfFormat;
   const QString File = Printer.outputFileName();

@@ -38,6 +38,7 @@ void TGeoMap::Assign(const TPersistent& Source) {
   if (From == this) return;
   if (!FPainting) *FInternalMapImg = From->InternalMapImg();
   FImage = From->FImage;
+  FImageBeside = From->FImageBeside;
   FLook = From->FLook;
   FView = From->FView;
   FZoomRing = From->FZoomRing;

@@ -72,10 +72,12 @@ QPen TQtPageCanvas::PagePen() const {
   if (Pen.Style == TPenStyle::psClear) return QPen(Qt::NoPen);
   const bool Unseen = Pen.Mode == TPenMode::pmXor && (Pen.Color & clWhite) == clWhite;
   QPen Result(Unseen ? QColor(Qt::black) : ToQColor(Pen.Color), std::max(Pen.Width, 1));
-  Result.setCapStyle(Qt::FlatCap);
+  Result.setCapStyle(Qt::RoundCap);
   Result.setJoinStyle(Qt::RoundJoin);
-  // Qt counts dashes in pen widths.
-  if (Pen.Style == TPenStyle::psDot) Result.setDashPattern({3, 3});
+  if (Pen.Style == TPenStyle::psDot) {
+    Result.setCapStyle(Qt::FlatCap);
+    Result.setDashPattern({3, 3});  // in pen widths
+  }
   return Result;
 }
 

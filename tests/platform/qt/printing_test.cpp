@@ -3,20 +3,24 @@
 #include <geomap/geo_map.h>
 #include <gtest/gtest.h>
 #include <platform/base/read_file.h>
+#include <platform/qt/qt_convert.h>
 #include <platform/qt/qt_host.h>
 #include <platform/qt/qt_image.h>
+#include <platform/qt/qt_page_canvas.h>
 #include <platform/qt/qt_printer.h>
+#include <platform/raster/raster_canvas.h>
 #include <support/failing_file_ops.h>
 #include <support/temp_folder.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
+#include <functional>
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainter>
 #include <QRegularExpression>
 
 namespace zav {
@@ -228,6 +232,101 @@ TEST(PdfPrinter, FilesAppearWholeOrNotAtAll) {
   Printed.Map.OnDataRendered = [](TGeoMap*, TCanvas&) { throw std::runtime_error("handler"); };
   EXPECT_THROW(Print(Folder / "handler.pdf"), std::runtime_error);
   EXPECT_EQ(Folder.Names(), std::vector<std::string>{"page.pdf"});
+}
+
+// The pixels that differ from white, as a box.
+QRect Inked(const QImage& Image) {
+  QRect Box;
+  for (int Y = 0; Y < Image.height(); ++Y)
+    for (int X = 0; X < Image.width(); ++X)
+      if (qGreen(Image.pixel(X, Y)) < 128) Box |= QRect(X, Y, 1, 1);
+  return Box;
+}
+
+TEST(PageCanvas, ShapesLieWhereTheRasterPutsThem) {
+  using TDraw = std::function<void(TCanvas&)>;
+  const struct {
+    const char* Name;
+    TDraw Draw;
+    TPoint Inside;  // filled
+  } Cases[] = {
+      {"rectangle", [](TCanvas& C) { C.Rectangle(20, 30, 81, 61); }, {50, 45}},
+      {"turned corners", [](TCanvas& C) { C.Rectangle(81, 61, 20, 30); }, {50, 45}},
+      {"ellipse", [](TCanvas& C) { C.Ellipse(20, 30, 81, 61); }, {50, 45}},
+      {"fill",
+       [](TCanvas& C) {
+         C.FillRect({20, 30, 81, 61});
+       },
+       {21, 31}},
+      {"polygon",
+       [](TCanvas& C) {
+         const TPoint Points[] = {{20, 30}, {80, 30}, {50, 60}};
+         C.Polygon(Points);
+       },
+       {50, 40}},
+      {"wide line",
+       [](TCanvas& C) {
+         C.Pen.Width = 9;
+         C.MoveTo(20, 40);
+         C.LineTo(81, 40);
+       },
+       {50, 43}},
+      {"text on a ground", [](TCanvas& C) { C.TextOut(20, 30, "Mm"); }, {21, 31}},
+      {"text upwards",
+       [](TCanvas& C) {
+         C.Font.Direction = 90;
+         C.TextOut(20, 80, "Mm");
+       },
+       {21, 79}},
+      {"bitmap between pixels",
+       [](TCanvas& C) {
+         TBitmap Bitmap(4, 4, TPixelFormat::pf24bit);
+         C.StretchDraw({20, 30, 80, 60}, Bitmap, {-1, 0.5, 5, 3.5}, TStretchMode::smColorOnColor);
+       },
+       {40, 45}},
+  };
+  TQtFontEngine Fonts;
+  for (const auto& Case : Cases) {
+    SCOPED_TRACE(Case.Name);
+    TBitmap Bitmap(120, 100, TPixelFormat::pf32bit);
+    QImage Image(120, 100, QImage::Format_RGB32);
+    Image.fill(Qt::white);
+    QPainter Painter(&Image);
+    TRasterCanvas Raster(Bitmap, &Fonts);
+    Raster.Brush = {clWhite};
+    Raster.FillRect({0, 0, 120, 100});
+    {
+      TQtPageCanvas Page(Painter, {0, 0, 120, 100});
+      for (TCanvas* Canvas : {static_cast<TCanvas*>(&Raster), static_cast<TCanvas*>(&Page)}) {
+        Canvas->Brush = {RgbColor(20, 90, 20)};
+        Canvas->Pen = {clBlue};
+        Case.Draw(*Canvas);
+      }
+    }
+    Painter.end();
+    // Text on a page is not hinted, so that it may be a little wider.
+    const int Off = std::string(Case.Name).find("text") == 0 ? 2 : 1;
+    const QRect Wanted = Inked(WrapBitmap(Bitmap));
+    const QRect Drawn = Inked(Image);
+    EXPECT_NEAR(Drawn.left(), Wanted.left(), Off);
+    EXPECT_NEAR(Drawn.top(), Wanted.top(), Off);
+    EXPECT_NEAR(Drawn.right(), Wanted.right(), Off);
+    EXPECT_NEAR(Drawn.bottom(), Wanted.bottom(), Off);
+    EXPECT_EQ(FromQColor(Image.pixelColor(Case.Inside.X, Case.Inside.Y)),
+              Bitmap.Pixel(Case.Inside.X, Case.Inside.Y));
+  }
+  // Outside its area a canvas draws nothing, and it gives the painter its state back.
+  QImage Image(50, 50, QImage::Format_RGB32);
+  Image.fill(Qt::white);
+  QPainter Painter(&Image);
+  {
+    TQtPageCanvas Page(Painter, {10, 20, 30, 40});
+    Page.Brush = {clBlack};
+    Page.FillRect({-50, -50, 90, 90});
+  }
+  EXPECT_EQ(Inked(Image), QRect(10, 20, 20, 20));
+  Painter.fillRect(0, 0, 5, 5, Qt::black);
+  EXPECT_EQ(Inked(Image), QRect(0, 0, 30, 40));
 }
 
 TEST(QtClipboard, KeepsItsOwnCopy) {
