@@ -185,7 +185,7 @@ QString CalibDocument::Private::Edit(const QString& Text,
                                      const std::function<QString(CalibState&)>& Change) {
   Document->endMerge();
   CalibState NewState = *State;
-  const QString Problem = Change(NewState);
+  QString Problem = Change(NewState);
   if (Problem.isEmpty() && !NewState.SameAs(*State)) Push(Text, std::move(NewState));
   return Problem;
 }
@@ -196,7 +196,7 @@ QString CalibDocument::Private::EditItem(int ItemId, const char* Text,
   if (!Index) return {};
   return Edit(tr(Text).arg(*Index + 1), [&](CalibState& NewState) {
     CalibItem Item = *NewState.Items[*Index];
-    const QString Problem = Change(Item);
+    QString Problem = Change(Item);
     NewState.Items[*Index] = std::make_shared<const CalibItem>(std::move(Item));
     return Problem;
   });

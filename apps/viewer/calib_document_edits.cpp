@@ -73,7 +73,7 @@ QString CalibDocument::addPoint(const CalibPosition& Position, TPoint Pixel, con
     Item.Position = Position;
     Item.Pixel = Pixel;
     Item.Name = CleanName(Name);
-    const QString Problem = PositionProblem(State, Position);
+    QString Problem = PositionProblem(State, Position);
     if (!Problem.isEmpty()) return Problem;
     State.Items.push_back(F->NewItem(Item));
     AdoptZone(State);

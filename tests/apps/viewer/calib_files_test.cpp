@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <ostream>
 #include <random>
@@ -83,6 +84,43 @@ TEST(CalibFiles, SampleMapsAreSavedAsTheyWere) {
       }
     // The same bytes, but for spellings that the writer has its own way of.
     EXPECT_EQ(ReadAll(File).simplified(), ReadAll(Folder.path("saved.xml")).simplified());
+  }
+}
+
+// From the bare image and the table of points to a file that converts as the sample's does.
+TEST(CalibFiles, CalibratingABareImageGivesTheSamplesMap) {
+  for (const char* Map : Maps) {
+    SCOPED_TRACE(Map);
+    const std::string Name = Map;
+    const TCalibration Given = Calibration(Sample((Name + ".xml").c_str()));
+    const bool Lines = Given.Model() == TCalibModel::cmParabolicIp;
+    const TestFolder Folder;
+    const QString Image = QDir(Sample(""))
+                              .entryList({QString::fromStdString(Name + ".jpg"),
+                                          QString::fromStdString(Name + ".bmp")})[0];
+    CalibDocument Document;
+    ASSERT_EQ(
+        Document.newFromImage(Folder.copy(Image.toUtf8().constData(), Image.toUtf8().constData())),
+        "");
+    const std::string Table = Name + (Lines ? ".lines.csv" : ".points.csv");
+    ASSERT_EQ(Document.importPoints(Sample(Table.c_str()), CalibImport::Append), "");
+    Document.setModel(Given.Model());
+    ASSERT_EQ(Document.save(), "");
+    EXPECT_EQ(Document.fileName(), Folder.path((Name + ".xml").c_str()));
+    const TCalibration Made = Calibration(Document.fileName());
+    double Most = 0;
+    for (int X = 0; X <= Document.imageSize().width(); X += 50)
+      for (int Y = 0; Y <= Document.imageSize().height(); Y += 50) {
+        TCoords P;
+        double MadeX = 0;
+        double MadeY = 0;
+        double GivenX = 0;
+        double GivenY = 0;
+        if (!Given.ToGeo(X, Y, P) || !Given.ToPixel(P.Latit, P.Longit, GivenX, GivenY)) continue;
+        ASSERT_TRUE(Made.ToPixel(P.Latit, P.Longit, MadeX, MadeY));
+        Most = std::max(Most, std::hypot(MadeX - GivenX, MadeY - GivenY));
+      }
+    EXPECT_LT(Most, 1);
   }
 }
 
