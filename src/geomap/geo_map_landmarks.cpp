@@ -30,22 +30,21 @@ TLandMarkStore::TQuestion TGeoMap::LandMarkQuestion() {
   };
 }
 
-// Runs what takes memory. A handler may destroy the control in it, and then throw.
+// Runs what takes memory and calls no handler.
 template <typename TOperation>
 auto TGeoMap::WithMemory(TOperation Operation) const {
-  const auto Alive = Life();
   try {
     return Operation();
   } catch (const std::bad_alloc&) {
-    if (Alive.expired()) throw;
     throw EZAVGeoMapError(ComponentMessage("insufficient memory"));
   }
 }
 
 void TGeoMap::AddLandMark(const TLandMark& LandMark) {
-  const auto Store = FLandMarks;
-  const bool Added = WithMemory([&] { return Store->Add(LandMark, LandMarkQuestion()); });
-  if (Added) Paint();
+  // Asked here and not by the store, which may be another one, or gone, afterwards.
+  if (OnLandMarkAction && !LandMarkQuestion()(TLandMarkAction::lmaAdd, LandMark)) return;
+  WithMemory([&] { FLandMarks->Add(LandMark, nullptr); });
+  Paint();
 }
 
 void TGeoMap::AddLandMark(double Lat, double Long, double Altitude) {
@@ -125,7 +124,13 @@ int32_t TGeoMap::RemoveLandMarks(TOperation Operation) {
   if (NumLandMarks() == 0) return 0;
   const auto Alive = Life();
   const auto Store = FLandMarks;
-  const int32_t Result = WithMemory([&] { return Operation(*Store, LandMarkQuestion()); });
+  int32_t Result = 0;
+  try {
+    Result = Operation(*Store, LandMarkQuestion());
+  } catch (const std::bad_alloc&) {
+    if (Alive.expired()) throw;
+    throw EZAVGeoMapError(ComponentMessage("insufficient memory"));
+  }
   if (!Alive.expired()) Paint();
   return Result;
 }

@@ -26,13 +26,13 @@ TLandMarkList::TBlock& TLandMarkList::Own(size_t Block) {
   return *Own;
 }
 
-void TLandMarkList::Append(TLandMark LandMark) {
+void TLandMarkList::Append(const TLandMark& LandMark) {
   // The room is counted in whole blocks, which must be a number, too.
   constexpr int32_t MostBlocks = std::numeric_limits<int32_t>::max() / BlockSize;
   const size_t Block = static_cast<size_t>(FCount) / BlockSize;
   if (Block >= static_cast<size_t>(MostBlocks)) throw std::bad_alloc();
   if (Block == FBlocks.size()) FBlocks.push_back(std::make_shared<TBlock>());
-  Own(Block).Records.push_back(std::move(LandMark));
+  Own(Block).Records.push_back(LandMark);
   ++FCount;
 }
 

@@ -41,7 +41,7 @@ class TLandMarkList {
   const TLandMark& operator[](int32_t Index) const noexcept;
 
   // Throws std::bad_alloc beyond the largest int32_t, too.
-  void Append(TLandMark LandMark);
+  void Append(const TLandMark& LandMark);
   // Only 1..Count() for these.
   void Replace(int32_t Index, const TLandMark& LandMark);
   // The last landmark takes the place of the removed one.

@@ -33,9 +33,9 @@ void TLandMarkStore::SetList(TLandMarkList List) noexcept {
   ++FNumberings;
 }
 
-bool TLandMarkStore::Add(TLandMark LandMark, const TQuestion& May) {
+bool TLandMarkStore::Add(const TLandMark& LandMark, const TQuestion& May) {
   if (May && !May(TLandMarkAction::lmaAdd, LandMark)) return false;
-  FList.Append(std::move(LandMark));
+  FList.Append(LandMark);
   return true;
 }
 

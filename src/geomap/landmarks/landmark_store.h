@@ -45,7 +45,7 @@ class TLandMarkStore {
   int32_t Count() const noexcept { return FList.Count(); }
 
   // False when it was refused.
-  bool Add(TLandMark LandMark, const TQuestion& May);
+  bool Add(const TLandMark& LandMark, const TQuestion& May);
   // False, and nothing happens, for an index outside 1..Count().
   bool Replace(int32_t Index, const TLandMark& LandMark);
 
