@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "icons.h"
 
+#include <cmath>
+
 #include <QColor>
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -117,6 +119,91 @@ void AddWarning(QPainterPath& Path) {
   AddPolyline(Path, {{12, 17.6}, {12, 18}});
 }
 
+// An arrow head at Tip, its wings Back from it.
+void AddHead(QPainterPath& Path, QPointF Tip, QPointF Back) {
+  const QPointF Side(-Back.y(), Back.x());
+  AddPolyline(Path, {Tip + Back + Side, Tip, Tip + Back - Side});
+}
+
+void AddDoubleArrow(QPainterPath& Path, QPointF From, QPointF To) {
+  const QPointF Back = (To - From) * 3 / std::hypot((To - From).x(), (To - From).y());
+  AddPolyline(Path, {From, To});
+  AddHead(Path, From, Back);
+  AddHead(Path, To, -Back);
+}
+
+void AddSmallMagnifier(QPainterPath& Path, QPointF Center) {
+  Path.addEllipse(Center, 4.5, 4.5);
+  AddPolyline(Path, {Center + QPointF(3.2, 3.2), Center + QPointF(7, 7)});
+}
+
+// The sides of a rectangle as dashes about its corners.
+void AddDashedRect(QPainterPath& Path, const QRectF& Box) {
+  const double W = Box.width();
+  const double H = Box.height();
+  for (const double X : {0.0, 0.4, 0.8}) {
+    AddPolyline(Path, {{Box.left() + X * W, Box.top()}, {Box.left() + (X + 0.2) * W, Box.top()}});
+    AddPolyline(Path,
+                {{Box.left() + X * W, Box.bottom()}, {Box.left() + (X + 0.2) * W, Box.bottom()}});
+  }
+  for (const double Y : {0.0, 0.4, 0.8}) {
+    AddPolyline(Path, {{Box.left(), Box.top() + Y * H}, {Box.left(), Box.top() + (Y + 0.2) * H}});
+    AddPolyline(Path, {{Box.right(), Box.top() + Y * H}, {Box.right(), Box.top() + (Y + 0.2) * H}});
+  }
+}
+
+// A ruler across the field, with its marks.
+void AddRuler(QPainterPath& Path) {
+  AddPolyline(Path, {{2, 16}, {16, 2}, {22, 8}, {8, 22}, {2, 16}});
+  for (const double At : {0.22, 0.41, 0.6, 0.79}) {
+    const QPointF Foot = QPointF(2, 16) + QPointF(14, -14) * At;
+    AddPolyline(Path, {Foot, Foot + QPointF(2.4, 2.4)});
+  }
+}
+
+// A line by hand, with its start.
+void AddSquiggle(QPainterPath& Path) {
+  Path.addEllipse(QPointF(4, 19), 1.6, 1.6);
+  Path.moveTo(5.5, 18);
+  Path.cubicTo(11, 15, 3, 9, 9, 7);
+  Path.cubicTo(15, 5, 12, 17, 17, 15);
+  Path.cubicTo(21, 13, 18, 8, 21, 4);
+}
+
+void AddTool(QPainterPath& Path, ViewerIcon Icon) {
+  switch (Icon) {
+    case ViewerIcon::Pan:
+      AddDoubleArrow(Path, {2, 12}, {22, 12});
+      AddDoubleArrow(Path, {12, 2}, {12, 22});
+      break;
+    case ViewerIcon::PanHorizontal:
+      AddDoubleArrow(Path, {2, 12}, {22, 12});
+      break;
+    case ViewerIcon::PanVertical:
+      AddDoubleArrow(Path, {12, 2}, {12, 22});
+      break;
+    case ViewerIcon::ZoomBox:
+      AddDashedRect(Path, QRectF(3, 3, 15, 12));
+      AddSmallMagnifier(Path, {14, 14});
+      break;
+    case ViewerIcon::ZoomDrag:
+      AddSmallMagnifier(Path, {9, 9});
+      AddDoubleArrow(Path, {19, 3}, {19, 21});
+      break;
+    case ViewerIcon::Measure:
+      AddRuler(Path);
+      break;
+    case ViewerIcon::SelectRect:
+      AddDashedRect(Path, QRectF(3, 5, 18, 14));
+      break;
+    case ViewerIcon::Trace:
+      AddSquiggle(Path);
+      break;
+    default:
+      break;
+  }
+}
+
 QPainterPath StrokesOf(ViewerIcon Icon) {
   QPainterPath Path;
   switch (Icon) {
@@ -163,6 +250,9 @@ QPainterPath StrokesOf(ViewerIcon Icon) {
       AddWarning(Path);
       break;
     case ViewerIcon::Application:
+      break;
+    default:
+      AddTool(Path, Icon);
       break;
   }
   return Path;

@@ -25,6 +25,14 @@ enum class ViewerIcon {
   Redo,
   Calibrate,
   Warning,
+  Pan,
+  PanHorizontal,
+  PanVertical,
+  ZoomBox,
+  ZoomDrag,
+  Measure,
+  SelectRect,
+  Trace,
   Application,  // in colours of its own
 };
 

@@ -32,6 +32,7 @@ class GraticuleMenu;
 class MessageBar;
 class ReadoutButton;
 class TGeoMap;
+class ToolMenu;
 class ViewMenu;
 
 class MainWindow final : public QMainWindow {
@@ -54,6 +55,7 @@ class MainWindow final : public QMainWindow {
   GeoMapWidget& mapWidget() { return *FWidget; }
   QString message() const;
   CalibrationWorkbench& calibration() { return *FCalibration; }
+  ToolMenu& tools() { return *FTools; }
 
  protected:
   void closeEvent(QCloseEvent* Event) override;
@@ -70,6 +72,7 @@ class MainWindow final : public QMainWindow {
   void makeMenus();
   void makeCalibration(QMenu& File, QMenu& Edit);
   void makeExport(QMenu& File, QMenu& Edit);
+  void makeTools();
   void fillRecentMenu();
   void restore();
 
@@ -104,6 +107,7 @@ class MainWindow final : public QMainWindow {
   CalibrationMenu* FCalibrationMenu = nullptr;
   QMenu* FRecent = nullptr;
   ExportMenu* FExport = nullptr;
+  ToolMenu* FTools = nullptr;
   QAction* FCopy = nullptr;
   QAction* FCopyPixel = nullptr;
   ReadoutButton* FReadout = nullptr;

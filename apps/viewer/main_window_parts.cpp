@@ -58,7 +58,6 @@ void MainWindow::makeCenter() {
   FWidget->setEmptyMessage(
       tr("No map is open. Open one with Ctrl+O, or drop files or a folder here."));
   connect(FWidget, &QWidget::customContextMenuRequested, this, &MainWindow::showMapMenu);
-  connect(FWidget, &GeoMapWidget::errorOccurred, this, &MainWindow::report);
   connect(FWidget, &GeoMapWidget::mousePositionChanged, this, [this](QPointF MapPixel) {
     // The last position stays when the mouse goes to the status bar to change how it is written.
     if (!FWidget->underMouse()) return;
@@ -176,6 +175,7 @@ void MainWindow::makeMenus() {
   Graticule->setAccessibleName(tr("Graticule"));
   Bar->addWidget(Graticule);
   Bar->addAction(FCalibrationMenu->calibrate());
+  makeTools();
 }
 
 void MainWindow::restore() {

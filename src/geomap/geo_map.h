@@ -433,6 +433,8 @@ class TGeoMap : public TCustomControl {
   void SetMouseTraceColor(TColor Color) { FTraceColor = Color; }
   bool MouseTraceInvert() const noexcept { return FTraceInvert; }
   void SetMouseTraceInvert(bool Value) { FTraceInvert = Value; }
+  // In map pixels.
+  const TMouseTrace& MouseTrace() const noexcept { return FTrace; }
   int32_t NumMTracePoints() const noexcept { return FTrace.Count(); }
   // Point 1..NumMTracePoints, X and Y replaced by longitude and latitude; Flags are mtfInvalid for
   // another index and where there is no position.
