@@ -57,9 +57,7 @@ class TTestHost final : public THost {
   TClipboard& Clipboard() override {
     return TestClipboard != nullptr ? *TestClipboard : THost::Clipboard();
   }
-  TPrinter& Printer() override {
-    return TestPrinter != nullptr ? *TestPrinter : THost::Printer();
-  }
+  TPrinter& Printer() override { return TestPrinter != nullptr ? *TestPrinter : THost::Printer(); }
 
   TFontEngine& Fonts() override { return FFonts; }
   std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) override;
