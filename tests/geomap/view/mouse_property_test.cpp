@@ -17,11 +17,12 @@ using enum TMouseActMode;
 
 // The bytes that fill up a row may differ.
 bool SamePixels(const TBitmap& A, const TBitmap& B) {
+  if (A.Width() != B.Width() || A.Height() != B.Height()) return false;
   const auto Bytes = static_cast<size_t>(A.Width()) * 2;
-  for (int32_t Y = 0; Y < A.Height(); ++Y) {
+  for (int32_t Y = 0; Bytes > 0 && Y < A.Height(); ++Y) {
     if (std::memcmp(A.Row(Y), B.Row(Y), Bytes) != 0) return false;
   }
-  return A.Width() == B.Width() && A.Height() == B.Height();
+  return true;
 }
 
 // Acts at random on a map, also from within its handlers and in MouseBox.
