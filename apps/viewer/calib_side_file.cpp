@@ -1,224 +1,31 @@
-// calib_side_file.cpp - reading, writing and applying the viewer's side file.
+// calib_side_file.cpp - applying and writing the viewer's side file.
 // SPDX-License-Identifier: MIT
 #include "calib_side_file.h"
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
-#include <sstream>
 #include <string_view>
 
 #include <QCoreApplication>
 
 #include <geomap/calibration/calib_file.h>
 #include <geomap/calibration/calibration.h>
-#include <platform/base/errors.h>
 #include <platform/base/stream.h>
 #include <platform/base/text.h>
 #include <platform/base/text_format.h>
 #include <platform/qt/qt_convert.h>
 
-#include "calib_document_private.h"
+#include "calib_side_text.h"
 #include "common/csv.h"
-#include "common/table.h"
 
 namespace zav {
 
 namespace {
 
-constexpr std::string_view Signature = "zavgeo-viewer-points";
-constexpr std::string_view Version = "1";
-constexpr double MaxPixel = 1000000;
 // Half a unit of the fifth decimal, which the calibration file rounds to, and a little.
 constexpr double StoredTolerance = 0.000006;
 
 QString Tr(const char* Text) { return QCoreApplication::translate("CalibDocument", Text); }
-
-// --- reading -------------------------------------------------------------------------------------
-
-enum class SideState { On, Off, Waiting };
-
-struct SideItem {
-  CalibItem Item;
-  SideState State = SideState::On;
-};
-
-struct SidePart {
-  std::string Image;
-  std::optional<TCalibModel> Model;
-  std::optional<bool> Zone60South;
-  std::vector<SideItem> Items;
-};
-
-using Fields = std::vector<std::string>;
-
-// A line that is not as it should be.
-struct ESideLine {};
-
-std::vector<std::string_view> LinesOf(std::string_view Text) {
-  std::vector<std::string_view> Lines;
-  while (!Text.empty()) {
-    const size_t End = std::min(Text.find('\n'), Text.size());
-    std::string_view Line = Text.substr(0, End);
-    if (!Line.empty() && Line.back() == '\r') Line.remove_suffix(1);
-    Lines.push_back(Line);
-    Text.remove_prefix(std::min(End + 1, Text.size()));
-  }
-  return Lines;
-}
-
-// The fields of a line; none for one that is empty, a comment or damaged.
-Fields FieldsOf(std::string_view Line) {
-  std::istringstream Input{std::string(Line)};
-  TCsvReader Reader(Input, "");
-  TCsvRecord Record;
-  try {
-    if (Reader.Next(Record) && Reader.Separator() == ',') return Record.Fields;
-  } catch (const EInOutError&) {  // a quote that is not closed
-  }
-  return {};
-}
-
-// The fields of an item's line, one after the other. Throws ESideLine.
-class FieldReader {
- public:
-  explicit FieldReader(const Fields& Line) : FLine(Line) {}
-
-  const std::string& Text() {
-    if (FNext >= FLine.size()) throw ESideLine();
-    return FLine[FNext++];
-  }
-  double Number(double Most) {
-    const auto Value = ParseNumber(Text());
-    if (!Value || std::abs(*Value) > Most) throw ESideLine();
-    return *Value + 0.0;
-  }
-  int32_t Whole(double Most) {
-    const double Value = Number(Most);
-    if (Value != std::floor(Value)) throw ESideLine();
-    return static_cast<int32_t>(Value);
-  }
-  bool South() {
-    const std::string& Word = Text();
-    if (Word != "north" && Word != "south") throw ESideLine();
-    return Word == "south";
-  }
-  SideState State() {
-    const std::string& Word = Text();
-    if (Word == "on") return SideState::On;
-    if (Word == "off") return SideState::Off;
-    if (Word == "waiting") return SideState::Waiting;
-    throw ESideLine();
-  }
-  TPoint Pixel() {
-    const int32_t X = Whole(MaxPixel);
-    return {X, Whole(MaxPixel)};
-  }
-  bool NextIsEmpty() const { return FNext < FLine.size() && FLine[FNext].empty(); }
-
- private:
-  const Fields& FLine;
-  size_t FNext = 1;
-};
-
-CalibPosition ReadUtm(FieldReader& Reader) {
-  const double Northing = Reader.Number(1e8);
-  const double Easting = Reader.Number(1e8);
-  if (Reader.NextIsEmpty()) {
-    Reader.Text();
-    Reader.Text();
-    return CalibPosition::OfUtm(Northing, Easting);
-  }
-  const int32_t Zone = Reader.Whole(60);
-  if (Zone < 1) throw ESideLine();
-  return CalibPosition::OfUtm(Northing, Easting, Zone, Reader.South());
-}
-
-SideItem ReadItem(const Fields& Line) {
-  FieldReader Reader(Line);
-  SideItem Side;
-  Side.State = Reader.State();
-  const std::string& Kind = Line[0];
-  if (Kind == "point") {
-    const double Lat = Reader.Number(1e300);
-    Side.Item.Position = CalibPosition::OfDegrees(Lat, Reader.Number(1e300));
-  } else if (Kind == "utm") {
-    Side.Item.Position = ReadUtm(Reader);
-  } else {
-    Side.Item.Kind = Kind == "meridian" ? CalibItemKind::Meridian : CalibItemKind::Parallel;
-    Side.Item.Value = Reader.Number(1e300);
-  }
-  Side.Item.Pixel = Reader.Pixel();
-  Side.Item.Name = CleanName(QString::fromStdString(Reader.Text()));
-  return Side;
-}
-
-bool IsItemKind(const std::string& Kind) {
-  return Kind == "point" || Kind == "utm" || Kind == "meridian" || Kind == "parallel";
-}
-
-void ReadLine(const Fields& Line, SidePart& Part) {
-  if (IsItemKind(Line[0])) {
-    Part.Items.push_back(ReadItem(Line));
-    return;
-  }
-  FieldReader Reader(Line);
-  if (Line[0] == "image") {
-    Part.Image = Reader.Text();
-  } else if (Line[0] == "model") {
-    Part.Model = FindCalibModel(Reader.Text());
-  } else if (Line[0] == "zone") {
-    if (Reader.Whole(60) != 60) throw ESideLine();
-    Part.Zone60South = Reader.South();
-  } else {
-    throw ESideLine();
-  }
-}
-
-// The parts of a side file: their ids with their lines.
-struct SideText {
-  struct Part {
-    std::string Id;
-    std::vector<std::string_view> Lines;  // without the first
-  };
-  std::vector<Part> Parts;
-  int Damaged = 0;       // lines
-  bool Unknown = false;  // no side file, or one of another version
-};
-
-SideText PartsOf(std::string_view Text) {
-  SideText Result;
-  const std::vector<std::string_view> Lines = LinesOf(Text);
-  if (Lines.empty()) return Result;
-  const Fields First = FieldsOf(Lines[0]);
-  Result.Unknown = First.size() < 2 || First[0] != Signature || First[1] != Version;
-  if (Result.Unknown) return Result;
-  for (size_t i = 1; i < Lines.size(); ++i) {
-    if (TrimBlanks(Lines[i]).empty() || Lines[i].front() == '#') continue;
-    const Fields Line = FieldsOf(Lines[i]);
-    if (Line.size() >= 2 && Line[0] == "calibration")
-      Result.Parts.push_back({Line[1], {}});
-    else if (Result.Parts.empty())
-      ++Result.Damaged;
-    else
-      Result.Parts.back().Lines.push_back(Lines[i]);
-  }
-  return Result;
-}
-
-SidePart ReadPart(const SideText::Part& Text, int& Damaged) {
-  SidePart Part;
-  for (const std::string_view Each : Text.Lines) {
-    const Fields Line = FieldsOf(Each);
-    try {
-      if (Line.empty()) throw ESideLine();
-      ReadLine(Line, Part);
-    } catch (const ESideLine&) {
-      ++Damaged;
-    }
-  }
-  return Part;
-}
 
 // --- applying ------------------------------------------------------------------------------------
 
@@ -417,12 +224,12 @@ SideMerge MergeSideText(const std::string& Text, const std::string& Id, const TC
   Merge.Grid = {Data.UTMZone >= 1 && Data.UTMZone <= 60 ? Data.UTMZone : 0, Data.UTMSouth,
                 Data.Ellipsoid};
   Merge.Items = ItemsOfRecord(Data, Model);
-  SideText Side = PartsOf(Text);
+  SideText Side = SidePartsOf(Text);
   const auto Found =
       std::find_if(Side.Parts.begin(), Side.Parts.end(),
                    [&](const SideText::Part& Each) { return SameText(Each.Id, Id); });
   if (Found != Side.Parts.end()) {
-    const SidePart Part = ReadPart(*Found, Side.Damaged);
+    const SidePart Part = ReadSidePart(*Found, Side.Damaged);
     if (Model == TCalibModel::cmUndefined && Part.Model) Merge.Model = *Part.Model;
     if (Merge.Grid.Zone == 0 && Part.Zone60South)
       Merge.Grid = {60, *Part.Zone60South, Merge.Grid.Ellipsoid};
@@ -443,13 +250,13 @@ SideMerge MergeSideText(const std::string& Text, const std::string& Id, const TC
 
 std::string UpdatedSideText(const std::string& OldText, const std::string& Id,
                             const CalibState& State, bool& Damaged) {
-  SideText Old = PartsOf(OldText);
+  SideText Old = SidePartsOf(OldText);
   std::string Parts;
   bool Placed = false;
   const std::string Own = PartText(Id, State);
   for (const SideText::Part& Part : Old.Parts) {
     if (SameText(Part.Id, Id)) {
-      ReadPart(Part, Old.Damaged);
+      ReadSidePart(Part, Old.Damaged);
       if (!Placed) Parts += Own;
       Placed = true;
       continue;
@@ -460,7 +267,7 @@ std::string UpdatedSideText(const std::string& OldText, const std::string& Id,
   if (!Placed) Parts += Own;
   Damaged = Old.Unknown || Old.Damaged > 0;
   if (Parts.empty()) return {};
-  return (LineText(Signature) << Version).Take() + Parts;
+  return (LineText(SideSignature) << SideVersion).Take() + Parts;
 }
 
 }  // namespace zav

@@ -18,146 +18,21 @@
 
 #include <geobasics/utm.h>
 
+#include "position_lexer.h"
+
 namespace zav {
 
 namespace {
+
+using Symbol = PositionSymbol;
+using Token = PositionToken;
+using Tokens = PositionTokens;
 
 constexpr double MaxEasting = 1000000;
 constexpr double MaxNorthing = 10000000;
 constexpr int MaxTextLength = 1000;
 
 QString Tr(const char* Text) { return QCoreApplication::translate("PositionParser", Text); }
-
-// Why a text is no position.
-struct EPositionProblem {
-  QString Text;
-};
-
-[[noreturn]] void Fail(const QString& Text) { throw EPositionProblem{Text}; }
-
-enum class Symbol { Number, Degree, Minute, Second, Word, Separator };
-
-struct Token {
-  Symbol Kind;
-  QString Text;  // of a Word in lower case; of a Number the digits with "."
-  bool Minus = false;
-  bool Signed = false;
-  bool HasFraction = false;
-  double Value = 0;
-};
-
-using Tokens = std::vector<Token>;
-
-double NumberOf(const QString& Digits) {
-  const QByteArray Text = Digits.toLatin1();
-  double Value = 0;
-  std::from_chars(Text.data(), Text.data() + Text.size(), Value);
-  return Value;
-}
-
-// --- cutting into tokens -------------------------------------------------------------------------
-
-class Lexer {
- public:
-  Lexer(const QString& Text, bool DecimalComma) : FText(Text), FDecimalComma(DecimalComma) {}
-
-  Tokens All() {
-    while (FPos < FText.size()) Next();
-    return std::move(FTokens);
-  }
-
- private:
-  QChar At(qsizetype Pos) const {
-    return Pos >= 0 && Pos < FText.size() ? FText[Pos] : QChar(QLatin1Char(' '));
-  }
-  bool DigitAt(qsizetype Pos) const {
-    return At(Pos) >= QLatin1Char('0') && At(Pos) <= QLatin1Char('9');
-  }
-  bool IsPointAt(qsizetype Pos) const {
-    if (At(Pos) == QLatin1Char('.')) return true;
-    return FDecimalComma && At(Pos) == QLatin1Char(',') && DigitAt(Pos - 1) && DigitAt(Pos + 1);
-  }
-  void Add(Symbol Kind, qsizetype Length, QString Text = {}) {
-    FTokens.push_back({Kind, std::move(Text)});
-    FPos += Length;
-  }
-  void Next();
-  void ReadNumber();
-  void ReadWord();
-
-  const QString& FText;
-  bool FDecimalComma;
-  qsizetype FPos = 0;
-  Tokens FTokens;
-};
-
-void Lexer::ReadNumber() {
-  Token Number{Symbol::Number, {}};
-  if (!DigitAt(FPos) && At(FPos) != QLatin1Char('.')) {
-    if (DigitAt(FPos - 1)) Fail(Tr("A sign stands within a number. Put a blank before it."));
-    Number.Signed = true;
-    Number.Minus = At(FPos++) == QLatin1Char('-');
-  }
-  while (DigitAt(FPos) || (IsPointAt(FPos) && !Number.HasFraction)) {
-    const bool Point = !DigitAt(FPos);
-    Number.Text += Point ? QLatin1Char('.') : At(FPos);
-    Number.HasFraction |= Point;
-    ++FPos;
-  }
-  if (!std::any_of(Number.Text.begin(), Number.Text.end(), [](QChar C) { return C.isDigit(); }))
-    Fail(Tr("A sign or a point stands alone."));
-  if (At(FPos) == QLatin1Char('.')) Fail(Tr("A number has two points."));
-  if (IsPointAt(FPos))
-    Fail(Tr("There are too many commas. Put a semicolon or a blank between the two coordinates."));
-  Number.Value = NumberOf(Number.Text);
-  FTokens.push_back(std::move(Number));
-}
-
-void Lexer::ReadWord() {
-  QString Word;
-  while (At(FPos).isLetter()) Word += At(FPos++).toLower();
-  if (Word == QLatin1String("deg")) return Add(Symbol::Degree, 0);
-  if (Word == QLatin1String("min")) return Add(Symbol::Minute, 0);
-  if (Word == QLatin1String("sec")) return Add(Symbol::Second, 0);
-  Add(Symbol::Word, 0, Word);
-}
-
-void Lexer::Next() {
-  const QChar C = At(FPos);
-  switch (C.unicode()) {
-    case 0x00B0:  // degree sign, and what looks like it
-    case 0x00BA:
-    case 0x02DA:
-      return Add(Symbol::Degree, 1);
-    case '\'':
-    case 0x2032:
-    case 0x2019:
-    case 0x00B4:
-      if (At(FPos + 1) == C) return Add(Symbol::Second, 2);
-      return Add(Symbol::Minute, 1);
-    case '"':
-    case 0x2033:
-    case 0x201D:
-      return Add(Symbol::Second, 1);
-    case ';':
-    case ',':
-      return Add(Symbol::Separator, 1);
-    case '+':
-    case '-':
-    case '.':
-      return ReadNumber();
-    default:
-      break;
-  }
-  if (C.isSpace())
-    ++FPos;
-  else if (DigitAt(FPos))
-    ReadNumber();
-  else if (C.isLetter())
-    ReadWord();
-  else
-    Fail(Tr("\"%1\" has no meaning in a position.").arg(C));
-}
 
 // --- angles --------------------------------------------------------------------------------------
 
@@ -187,8 +62,8 @@ std::optional<Side> SideOf(const QString& Word) {
 Side RequireSide(const QString& Word) {
   if (const auto Found = SideOf(Word)) return *Found;
   if (Word == QLatin1String("o"))
-    Fail(Tr("\"O\" is east in German and west in French and Spanish; write E or W."));
-  Fail(Tr("\"%1\" has no meaning in a position; directions are N, S, E and W.").arg(Word));
+    FailPosition(Tr("\"O\" is east in German and west in French and Spanish; write E or W."));
+  FailPosition(Tr("\"%1\" has no meaning in a position; directions are N, S, E and W.").arg(Word));
 }
 
 // The unit that a number is in: the one of its symbol, else the one after the number before.
@@ -211,10 +86,10 @@ class AngleReader {
       } else if (Group[i].Kind == Symbol::Word) {
         TakeSide(RequireSide(Group[i].Text), i == 0 || i + 1 == Group.size());
       } else if (i == 0 || Group[i - 1].Kind != Symbol::Number) {
-        Fail(Tr("A sign for degrees, minutes or seconds has no number before it."));
+        FailPosition(Tr("A sign for degrees, minutes or seconds has no number before it."));
       }
     }
-    if (FUnit < 0) Fail(Tr("A coordinate has no number."));
+    if (FUnit < 0) FailPosition(Tr("A coordinate has no number."));
     return Result();
   }
 
@@ -223,11 +98,12 @@ class AngleReader {
     const Token& Number = Group[Index];
     const int Unit = UnitOf(Group, Index, FUnit);
     if (Unit <= FUnit || Unit > 2 || (FUnit < 0 && Unit > 0))
-      Fail(Tr("A coordinate is degrees, then minutes, then seconds, as 47\u00b0 30' 15\"."));
-    if (FFraction) Fail(Tr("Only the last number of a coordinate may have decimals."));
-    if (Number.Signed && FUnit >= 0) Fail(Tr("Only the degrees may have a sign."));
+      FailPosition(
+          Tr("A coordinate is degrees, then minutes, then seconds, as 47\u00b0 30' 15\"."));
+    if (FFraction) FailPosition(Tr("Only the last number of a coordinate may have decimals."));
+    if (Number.Signed && FUnit >= 0) FailPosition(Tr("Only the degrees may have a sign."));
     if (Unit > 0 && Number.Value >= 60)
-      Fail(Tr("Minutes and seconds are below 60, not %1.").arg(Number.Text));
+      FailPosition(Tr("Minutes and seconds are below 60, not %1.").arg(Number.Text));
     FSigned |= Number.Signed;
     FMinus |= Number.Minus;
     FFraction = Number.HasFraction;
@@ -236,12 +112,14 @@ class AngleReader {
   }
 
   void TakeSide(Side Side, bool AtEnd) {
-    if (FSide.has_value() || !AtEnd) Fail(Tr("A coordinate has one letter, before or after it."));
+    if (FSide.has_value() || !AtEnd)
+      FailPosition(Tr("A coordinate has one letter, before or after it."));
     FSide = Side;
   }
 
   Angle Result() const {
-    if (FSide && FSigned) Fail(Tr("A coordinate has a sign and a letter; leave one of them out."));
+    if (FSide && FSigned)
+      FailPosition(Tr("A coordinate has a sign and a letter; leave one of them out."));
     // One division at the end, in more digits than a double has, so that no digit is lost.
     const long double Seconds = static_cast<long double>(FValues[0]) * 3600 +
                                 static_cast<long double>(FValues[1]) * 60 + FValues[2];
@@ -262,10 +140,11 @@ void CheckRange(double Degrees, Axis Of) {
   const double Most = Of == Axis::Latitude ? 90 : 360;
   if (std::abs(Degrees) <= Most) return;
   if (Of == Axis::Latitude)
-    Fail(Tr("The latitude %1 is beyond 90 degrees. The latitude comes first, unless letters tell, "
-            "as in 8.25 E 47.5 N.")
-             .arg(Degrees));
-  Fail(Tr("The longitude %1 is beyond 360 degrees.").arg(Degrees));
+    FailPosition(
+        Tr("The latitude %1 is beyond 90 degrees. The latitude comes first, unless letters tell, "
+           "as in 8.25 E 47.5 N.")
+            .arg(Degrees));
+  FailPosition(Tr("The longitude %1 is beyond 360 degrees.").arg(Degrees));
 }
 
 // --- two coordinates -----------------------------------------------------------------------------
@@ -282,7 +161,8 @@ size_t SplitPlace(Tokens& All) {
     return [Kind](const Token& Each) { return Each.Kind == Kind; };
   };
   if (CountOf(All, Symbol::Separator) > 1)
-    Fail(Tr("There are too many commas. Put a semicolon or a blank between the two coordinates."));
+    FailPosition(
+        Tr("There are too many commas. Put a semicolon or a blank between the two coordinates."));
   const auto Separator = std::find_if(All.begin(), All.end(), Is(Symbol::Separator));
   if (Separator != All.end()) return static_cast<size_t>(All.erase(Separator) - All.begin());
   const auto Letter = std::find_if(All.begin(), All.end(), Is(Symbol::Word));
@@ -299,9 +179,10 @@ size_t SplitPlace(Tokens& All) {
   }
   const size_t Numbers = CountOf(All, Symbol::Number);
   if (Numbers % 2 != 0 || Numbers == 0)
-    Fail(Numbers == 1 ? Tr("That is one coordinate; a position has two, as 47.5 8.25.")
-                      : Tr("It is not clear where the second coordinate begins. Put a semicolon "
-                           "between them, as 47 30; 8.25."));
+    FailPosition(Numbers == 1
+                     ? Tr("That is one coordinate; a position has two, as 47.5 8.25.")
+                     : Tr("It is not clear where the second coordinate begins. Put a semicolon "
+                          "between them, as 47 30; 8.25."));
   size_t Place = 0;
   for (size_t Seen = 0; Seen <= Numbers / 2; ++Place)
     if (All[Place].Kind == Symbol::Number) ++Seen;
@@ -321,8 +202,8 @@ CalibPosition ReadAngles(Tokens All) {
   Angle First = AngleReader().Read(Tokens(All.begin(), Middle));
   Angle Second = AngleReader().Read(Tokens(Middle, All.end()));
   if (First.Of != Axis::Unknown && First.Of == Second.Of)
-    Fail(First.Of == Axis::Latitude ? Tr("Both coordinates are latitudes (N or S).")
-                                    : Tr("Both coordinates are longitudes (E or W)."));
+    FailPosition(First.Of == Axis::Latitude ? Tr("Both coordinates are latitudes (N or S).")
+                                            : Tr("Both coordinates are longitudes (E or W)."));
   if (First.Of == Axis::Longitude || Second.Of == Axis::Latitude) std::swap(First, Second);
   CheckRange(First.Degrees, Axis::Latitude);
   CheckRange(Second.Degrees, Axis::Longitude);
@@ -351,10 +232,10 @@ class ZoneReader {
     if (!ZoneFirst) return 0;
     const Token Number = TakeFirst();
     if (Number.Signed || Number.HasFraction || Number.Value < 1 || Number.Value > 60)
-      Fail(Tr("The UTM zone %1 is not a number from 1 to 60.").arg(Number.Text));
+      FailPosition(Tr("The UTM zone %1 is not a number from 1 to 60.").arg(Number.Text));
     if (FAll[0].Kind == Symbol::Word) HemisphereOrBand = TakeFirst().Text;
     if (HemisphereOrBand.isEmpty())
-      Fail(
+      FailPosition(
           Tr("The zone %1 lacks its band or hemisphere: write %1T, or %1 north.").arg(Number.Text));
     if (!FAll.empty() && FAll[0].Kind == Symbol::Separator) TakeFirst();
     return static_cast<int>(Number.Value);
@@ -365,7 +246,7 @@ class ZoneReader {
   bool IsZoneWord(const QString& Word) const {
     if (FAll[0].Text.size() > 2) return false;
     if (Word.size() == 1 && !IsBandLetter(Word))
-      Fail(
+      FailPosition(
           Tr("There is no UTM band \"%1\"; bands are C to X without I and O.").arg(Word.toUpper()));
     return IsBandLetter(Word) || Word == QLatin1String("north") || Word == QLatin1String("south");
   }
@@ -389,7 +270,7 @@ std::vector<Metre> ReadMetres(const Tokens& All) {
   std::vector<Metre> Found;
   for (const Token& Each : All) {
     if (Each.Kind == Symbol::Number) {
-      if (Each.Minus) Fail(Tr("UTM metres are not negative."));
+      if (Each.Minus) FailPosition(Tr("UTM metres are not negative."));
       Found.push_back({Each.Value});
     } else if (Each.Kind == Symbol::Word && !Found.empty()) {
       if (Each.Text == QLatin1String("me") || Each.Text == QLatin1String("e"))
@@ -397,9 +278,11 @@ std::vector<Metre> ReadMetres(const Tokens& All) {
       else if (Each.Text == QLatin1String("mn") || Each.Text == QLatin1String("n"))
         Found.back().Of = Axis::Latitude;
       else if (Each.Text != QLatin1String("m"))
-        Fail(Tr("\"%1\" has no meaning behind UTM metres; write mE and mN.").arg(Each.Text));
+        FailPosition(
+            Tr("\"%1\" has no meaning behind UTM metres; write mE and mN.").arg(Each.Text));
     } else if (Each.Kind != Symbol::Separator) {
-      Fail(Tr("UTM positions are a zone, the easting and the northing, as 32T 470693 5150563."));
+      FailPosition(
+          Tr("UTM positions are a zone, the easting and the northing, as 32T 470693 5150563."));
     }
   }
   return Found;
@@ -413,9 +296,10 @@ TypedPosition ReadUtm(Tokens All) {
   const int Zone = ZoneReader(All).Read(Band);
   std::vector<Metre> Found = ReadMetres(All);
   if (Found.size() != 2 || CountOf(All, Symbol::Separator) > 1)
-    Fail(Tr("UTM positions are a zone, the easting and the northing, as 32T 470693 5150563."));
+    FailPosition(
+        Tr("UTM positions are a zone, the easting and the northing, as 32T 470693 5150563."));
   if (Found[0].Of != Axis::Unknown && Found[0].Of == Found[1].Of)
-    Fail(Tr("Both numbers are eastings, or both are northings."));
+    FailPosition(Tr("Both numbers are eastings, or both are northings."));
   // The easting comes first; no easting is a million or more.
   const bool Told = Found[0].Of != Axis::Unknown || Found[1].Of != Axis::Unknown;
   if (Found[0].Of == Axis::Latitude || Found[1].Of == Axis::Longitude ||
@@ -424,9 +308,9 @@ TypedPosition ReadUtm(Tokens All) {
   const double Easting = Found[0].Value;
   const double Northing = Found[1].Value;
   if (Easting > MaxEasting)
-    Fail(Tr("The easting %1 is beyond 1000000 metres.").arg(Easting, 0, 'f', 0));
+    FailPosition(Tr("The easting %1 is beyond 1000000 metres.").arg(Easting, 0, 'f', 0));
   if (Northing > MaxNorthing)
-    Fail(Tr("The northing %1 is beyond 10000000 metres.").arg(Northing, 0, 'f', 0));
+    FailPosition(Tr("The northing %1 is beyond 10000000 metres.").arg(Northing, 0, 'f', 0));
 
   TypedPosition Result;
   bool South = Band == QLatin1String("south") || (Band.size() == 1 && Band < QLatin1String("n"));
@@ -444,7 +328,7 @@ TypedPosition ReadUtm(Tokens All) {
 // --- the whole text ------------------------------------------------------------------------------
 
 QString Prepared(const QString& Text) {
-  if (Text.size() > MaxTextLength) Fail(Tr("The text is too long for a position."));
+  if (Text.size() > MaxTextLength) FailPosition(Tr("The text is too long for a position."));
   return QString(Text).replace(QChar(0x2212), QLatin1Char('-')).trimmed();
 }
 
@@ -475,14 +359,14 @@ TypedPosition ParseTypedPosition(const QString& Text) {
   TypedPosition Refused;
   try {
     const QString Clean = Prepared(Text);
-    if (Clean.isEmpty()) Fail(Tr("Type a position, as 47.5 8.25 or 32T 470693 5150563."));
-    if (!Clean.contains(QLatin1Char(','))) return ReadTokens(Lexer(Clean, false).All());
+    if (Clean.isEmpty()) FailPosition(Tr("Type a position, as 47.5 8.25 or 32T 470693 5150563."));
+    if (!Clean.contains(QLatin1Char(','))) return ReadTokens(CutPosition(Clean, false));
     try {
-      return ReadTokens(Lexer(Clean, true).All());
+      return ReadTokens(CutPosition(Clean, true));
     } catch (const EPositionProblem& Problem) {
       Refused.Problem = Problem.Text;
     }
-    return ReadTokens(Lexer(Clean, false).All());
+    return ReadTokens(CutPosition(Clean, false));
   } catch (const EPositionProblem& Problem) {
     if (Refused.Problem.isEmpty()) Refused.Problem = Problem.Text;
   }
@@ -494,17 +378,18 @@ TypedAngle ParseTypedAngle(const QString& Text, TGratLineKind Kind) {
   const Axis Of = Meridian ? Axis::Longitude : Axis::Latitude;
   try {
     const QString Clean = Prepared(Text);
-    if (Clean.isEmpty()) Fail(Tr("Type an angle, as 10.5 or 10 30 E."));
-    Tokens All = Lexer(Clean, true).All();
+    if (Clean.isEmpty()) FailPosition(Tr("Type an angle, as 10.5 or 10 30 E."));
+    Tokens All = CutPosition(Clean, true);
     TakeDegreeLetters(All);
-    if (CountOf(All, Symbol::Separator) > 0) Fail(Tr("One angle is wanted, as 10.5 or 10 30 E."));
+    if (CountOf(All, Symbol::Separator) > 0)
+      FailPosition(Tr("One angle is wanted, as 10.5 or 10 30 E."));
     const Angle Found = AngleReader().Read(All);
     if (Found.Of != Axis::Unknown && Found.Of != Of)
-      Fail(Meridian ? Tr("A meridian lies east or west (E, W).")
-                    : Tr("A parallel lies north or south (N, S)."));
+      FailPosition(Meridian ? Tr("A meridian lies east or west (E, W).")
+                            : Tr("A parallel lies north or south (N, S)."));
     if (std::abs(Found.Degrees) > (Meridian ? 360 : 90))
-      Fail(Meridian ? Tr("The longitude of a meridian is at most 360 degrees.")
-                    : Tr("The latitude of a parallel is at most 90 degrees."));
+      FailPosition(Meridian ? Tr("The longitude of a meridian is at most 360 degrees.")
+                            : Tr("The latitude of a parallel is at most 90 degrees."));
     return {Found.Degrees, {}};
   } catch (const EPositionProblem& Problem) {
     return {std::nullopt, Problem.Text};
