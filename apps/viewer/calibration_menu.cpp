@@ -57,6 +57,11 @@ CalibrationMenu::CalibrationMenu(CalibrationWorkbench& Workbench, GeoMapWidget& 
   connect(&Workbench.document(), &CalibDocument::changed, this, &CalibrationMenu::update);
   connect(&Tool, &CalibrationTool::selectionChanged, this, &CalibrationMenu::update);
   connect(&Tool, &CalibrationTool::activeChanged, this, &CalibrationMenu::update);
+  connect(&Widget, &GeoMapWidget::settingsChanged, this, &CalibrationMenu::updateHint);
+  connect(&Widget, &GeoMapWidget::mapChanged, this, &CalibrationMenu::updateHint);
+  connect(&Tool, &CalibrationTool::menuRequested, this, [this](QPoint Position) {
+    exec({FEdit, FSwitch, FRemove}, Position, nullptr, parentWidget());
+  });
   connect(&Tool, &CalibrationTool::magnifierChanged, this,
           [this] { CheckValue(*FFactors, FWorkbench.tool().magnifier().factor()); });
   update();
@@ -202,8 +207,12 @@ void CalibrationMenu::addHintTo(QStatusBar& Bar) {
 void CalibrationMenu::setEditing(bool On) {
   FWorkbench.tool().setActive(On);
   showGraticule(On && FGraticule->isChecked());
-  if (FHint != nullptr) FHint->setVisible(On);
+  updateHint();
   if (On) FWidget.setFocus();
+}
+
+void CalibrationMenu::updateHint() {
+  if (FHint != nullptr) FHint->setVisible(FWorkbench.tool().hasMouse());
 }
 
 void CalibrationMenu::showGraticule(bool On) {

@@ -47,6 +47,7 @@ class CalibrationMenu final : public QMenu {
   void addLook();
   void fillDock();
   void setEditing(bool On);
+  void updateHint();
   void showGraticule(bool On);
   void setFactor(int Factor);
   void update();

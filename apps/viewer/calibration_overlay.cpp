@@ -74,6 +74,7 @@ CalibrationOverlay::CalibrationOverlay(GeoMapWidget& Widget, const CalibDocument
 
 bool CalibrationOverlay::eventFilter(QObject* Watched, QEvent* Event) {
   if (Event->type() == QEvent::Resize) setGeometry(FWidget.rect());
+  if (Event->type() == QEvent::FocusIn || Event->type() == QEvent::FocusOut) update();
   return QWidget::eventFilter(Watched, Event);
 }
 
@@ -109,6 +110,12 @@ void CalibrationOverlay::paintEvent(QPaintEvent*) {
       drawItem(Painter, i);
   }
   if (Selected >= 0) drawItem(Painter, Selected);
+  // The keys work on the map now.
+  if (FWidget.hasFocus()) {
+    Painter.setBrush(Qt::NoBrush);
+    Painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    Painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+  }
   if (FPending)
     Stroke(Painter, Sign(ControlOf(FWidget.map().View(), *FPending), true), SelectedColor, 2);
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QCursor>
 #include <QKeyEvent>
@@ -155,7 +156,7 @@ bool CalibrationTool::eventFilter(QObject* Watched, QEvent* Event) {
   return QObject::eventFilter(Watched, Event);
 }
 
-// Another tool of the map, such as the zoom box, goes first; the hand gives way to this one.
+// Another tool of the map goes first; the hand gives way to this one.
 bool CalibrationTool::hasMouse() const {
   using Mode = GeoMapWidget::MouseMode;
   const Mode Now = FWidget.mouseMode();
@@ -202,6 +203,15 @@ bool CalibrationTool::handleMap(QEvent* Event) {
       FMagnifier->setFactor(FMagnifier->factor() + (Wheel.angleDelta().y() > 0 ? 1 : -1));
       updateMagnifier();
       emit magnifierChanged();
+      return true;
+    }
+    case QEvent::ContextMenu: {
+      const auto& Menu = static_cast<QContextMenuEvent&>(*Event);
+      const bool ByMouse = Menu.reason() == QContextMenuEvent::Mouse;
+      const int Id = ByMouse ? itemNear(Menu.pos()) : FSelected;
+      if (Id == 0) return false;
+      select(Id);
+      emit menuRequested(Menu.globalPos());
       return true;
     }
     case QEvent::Leave:
@@ -363,46 +373,6 @@ void CalibrationTool::abort() {
   if (!Dragging) FEditor->cancel();
   updateCursor();
   updateMagnifier();
-}
-
-// --- what is shown
-
-void CalibrationTool::setMagnifierOn(bool On) {
-  FMagnifierOn = On;
-  updateMagnifier();
-}
-
-void CalibrationTool::updateMagnifier() {
-  const bool Panning = FDrag == Drag::Pan || FSpaceDown;
-  std::optional<TPoint> Pixel;
-  const CalibItem* Item = FDocument.findItem(FSelected);
-  if (FDrag == Drag::Item || FKeyPause.isActive()) {
-    if (Item != nullptr) Pixel = Item->Pixel;
-  } else if (FPending) {
-    Pixel = FPending;
-  } else if (FMouseInside && !FEditor->isAsking() && onImage(pixelUnder(FMouse))) {
-    Pixel = pixelUnder(FMouse);
-  }
-  if (!hasMouse() || !FMagnifierOn || Panning || !Pixel) return FMagnifier->hide();
-  FMagnifier->showAt(*Pixel, controlOf(*Pixel).toPoint(),
-                     FEditor->isAsking() ? FEditor->geometry() : QRect());
-}
-
-void CalibrationTool::updateCursor() {
-  if (!hasMouse()) {
-    if (FCursorSet) FWidget.unsetCursor();
-    FCursorSet = false;
-    return;
-  }
-  FCursorSet = true;
-  Qt::CursorShape Shape = Qt::CrossCursor;
-  if (FDrag == Drag::Pan)
-    Shape = Qt::ClosedHandCursor;
-  else if (FSpaceDown)
-    Shape = Qt::OpenHandCursor;
-  else if (FDrag == Drag::None && FMouseInside && itemNear(FMouse) != 0)
-    Shape = Qt::PointingHandCursor;
-  if (FWidget.cursor().shape() != Shape) FWidget.setCursor(Shape);
 }
 
 }  // namespace zav

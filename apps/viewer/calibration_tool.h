@@ -42,6 +42,8 @@ class CalibrationTool final : public QObject {
 
   bool isActive() const { return FActive; }
   void setActive(bool Active);
+  // Active, and no other tool of the map, such as the zoom box, has been chosen.
+  bool hasMouse() const;
   CalibrationOverlay& overlay() { return *FOverlay; }
   CalibrationMagnifier& magnifier() { return *FMagnifier; }
   CalibrationEditor& editor() { return *FEditor; }
@@ -72,6 +74,8 @@ class CalibrationTool final : public QObject {
   // What was refused, and why.
   void refused(const QString& Reason);
   void activeChanged(bool Active);
+  // The right button was pressed on a point, which is selected.
+  void menuRequested(QPoint GlobalPosition);
   // Another factor was chosen with the wheel.
   void magnifierChanged();
 
@@ -82,7 +86,6 @@ class CalibrationTool final : public QObject {
   // What the pressed button does.
   enum class Drag { None, Press, Pan, Item, Pending };
 
-  bool hasMouse() const;
   bool handleMap(QEvent* Event);
   void tellMouse(const QMouseEvent& Event);
   void press(const QMouseEvent& Event);

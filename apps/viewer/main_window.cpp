@@ -93,7 +93,7 @@ QString MainWindow::openAll(const QStringList& Paths) {
 
 // Shows the list, and the first map of it that can be shown. Some turn out to be damaged only then.
 QString MainWindow::openList(const QList<MapSource>& Sources) {
-  if (Sources.isEmpty()) return {};
+  if (Sources.isEmpty() || !FCalibration->letGo()) return {};
   FList->setSources(Sources);
   FDock->show();
   QString FirstProblem;
@@ -113,7 +113,10 @@ QString MainWindow::openList(const QList<MapSource>& Sources) {
 QString MainWindow::showMap(const MapSource& Source) {
   // A map that cannot be shown leaves the one that is.
   if (!Source.Problem.isEmpty()) return reportSource(Source);
-  if (!FCalibration->letGo()) return {};
+  if (!FCalibration->letGo()) {
+    updateStatus();  // the list marks the map that stays
+    return {};
+  }
   QString Problem;
   QApplication::setOverrideCursor(Qt::WaitCursor);
   map().SetSuppressPaint(true);
@@ -196,7 +199,13 @@ QString MainWindow::saveScreenshot(const QString& Path) {
 
 QPointF MainWindow::mapPixelAt(QPointF Control) {
   const TViewState& View = map().View();
-  return QPointF(View.TopLeft.X, View.TopLeft.Y) + Control / View.Magnification;
+  return middleOfPixel(QPointF(View.TopLeft.X, View.TopLeft.Y) + Control / View.Magnification);
+}
+
+// Events tell a pixel of the control by its corner, which is half a pixel off its middle.
+QPointF MainWindow::middleOfPixel(QPointF MapPosition) {
+  const double Half = 0.5 / map().Magnification() - 0.5;
+  return MapPosition + QPointF(Half, Half);
 }
 
 std::optional<TCoords> MainWindow::positionAt(QPointF MapPixel) {

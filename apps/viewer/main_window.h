@@ -87,6 +87,7 @@ class MainWindow final : public QMainWindow {
 
   // What is at a point of the control.
   QPointF mapPixelAt(QPointF Control);
+  QPointF middleOfPixel(QPointF MapPosition);
   std::optional<TCoords> positionAt(QPointF MapPixel);
   QString textAt(QPointF MapPixel);
   void copyText(const QString& Text);

@@ -61,7 +61,7 @@ void MainWindow::makeCenter() {
   connect(FWidget, &GeoMapWidget::mousePositionChanged, this, [this](QPointF MapPixel) {
     // The last position stays when the mouse goes to the status bar to change how it is written.
     if (!FWidget->underMouse()) return;
-    FMousePixel = MapPixel;
+    FMousePixel = middleOfPixel(MapPixel);
     updateReadout();
   });
   auto* Layout = new QVBoxLayout(Center);

@@ -10,6 +10,7 @@
 #include <QActionGroup>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -145,18 +146,25 @@ void ToolMenu::addHintTo(QStatusBar& Bar) {
   // What does not fit is cut off instead of widening the window.
   FHint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Bar.insertWidget(0, FHint, 3);
+  FStatus = &Bar;
+  connect(&Bar, &QStatusBar::messageChanged, this, [this](const QString& Message) {
+    if (Message.isEmpty()) update();
+  });
   update();
 }
 
 void ToolMenu::choose(Tool Mode) {
   FMeasure->interrupt();
   FWidget.setMouseMode(Mode);
+  if (FStatus != nullptr) FStatus->clearMessage();
   showTool();
   FWidget.setFocus();
 }
 
 void ToolMenu::setMouseTaken(bool Taken) {
   FMouseTaken = Taken;
+  // Otherwise the other tool would get nothing.
+  if (Taken && tool() != Tool::Pan) choose(Tool::Pan);
   showTool();
 }
 
@@ -164,10 +172,15 @@ void ToolMenu::setMouseTaken(bool Taken) {
 void ToolMenu::showTool() {
   for (QAction* Action : FTools->actions())
     Action->setChecked(Action->data().toInt() == static_cast<int>(tool()));
-  const bool Taken = FMouseTaken && tool() == Tool::Pan;
-  if (!Taken && FWidget.cursor().shape() != RowOf(tool()).Cursor)
-    FWidget.setCursor(RowOf(tool()).Cursor);
+  showCursor(false);
   update();
+}
+
+void ToolMenu::showCursor(bool Pressed) {
+  const bool Hand = tool() == Tool::Pan;
+  if (Hand && FMouseTaken) return;
+  const Qt::CursorShape Shape = Hand && Pressed ? Qt::ClosedHandCursor : RowOf(tool()).Cursor;
+  if (FWidget.cursor().shape() != Shape) FWidget.setCursor(Shape);
 }
 
 void ToolMenu::update() {
@@ -179,7 +192,8 @@ void ToolMenu::update() {
   const QString Text = Result.isEmpty() && *Hint != 0 ? tr(Hint) : Result;
   FHint->setText(Text);
   FHint->setToolTip(Text);
-  FHint->setVisible(!Text.isEmpty());
+  // A message takes its place for a while.
+  if (FStatus->currentMessage().isEmpty()) FHint->setVisible(!Text.isEmpty());
 }
 
 // --- what the tools have found
@@ -206,7 +220,7 @@ void ToolMenu::zoomTo(const QRect& MapPixels) {
   const double Fitting = std::min(static_cast<double>(Map.Width()) / MapPixels.width(),
                                   static_cast<double>(Map.Height()) / MapPixels.height());
   const QPoint Middle = MapPixels.center();
-  const double Magnification = std::clamp(Fitting, MinMagnification, MaxMagnification);
+  const double Magnification = std::min(Fitting, MaxMagnification);
   const TSize Control = {Map.Width(), Map.Height()};
   const TViewState View =
       CenterOn({Map.TopLeft(), Magnification}, {Middle.x(), Middle.y()}, Control);
@@ -218,14 +232,14 @@ bool ToolMenu::dealsWith(const QString& Error) {
   if (tool() != Tool::ZoomBox && tool() != Tool::ZoomDrag) return false;
   const bool High = Error.endsWith(QLatin1String("Magnification factor too high"));
   if (!High && !Error.endsWith(QLatin1String("Magnification factor too small"))) return false;
-  emit told(High ? tr("A map is shown at 200 % at most") : tr("A map is shown at 50 % at least"));
   TGeoMap& Map = FWidget.map();
-  if (!Map.ZoomState()) return true;
+  if (!Map.ZoomState()) return true;  // a drag: that it goes no farther is seen
   // The corners of the box, in pixels of the map.
   const TPoint From = {Map.LastClickPosX(), Map.LastClickPosY()};
   const TPoint To = {Map.LastMousePosX(), Map.LastMousePosY()};
   Map.CancelMouse();
   Map.BringMapPixelToCenter({(From.X + To.X) / 2, (From.Y + To.Y) / 2});
+  emit told(High ? tr("A map is shown at 200 % at most") : tr("A map is shown at 50 % at least"));
   emit viewChosen();
   return true;
 }
@@ -250,6 +264,11 @@ bool ToolMenu::handleEscape() {
 }
 
 bool ToolMenu::eventFilter(QObject* Watched, QEvent* Event) {
+  if (Event->type() == QEvent::MouseButtonPress || Event->type() == QEvent::MouseButtonRelease) {
+    const bool Left = static_cast<QMouseEvent*>(Event)->buttons().testFlag(Qt::LeftButton);
+    showCursor(Left);
+    return false;
+  }
   const bool Key = Event->type() == QEvent::KeyPress || Event->type() == QEvent::ShortcutOverride;
   if (!Key || Watched != &FWidget) return QMenu::eventFilter(Watched, Event);
   const auto* KeyEvent = static_cast<QKeyEvent*>(Event);

@@ -77,6 +77,7 @@ class ToolMenu final : public QMenu {
   QString lengthText() const;
   void zoomTo(const QRect& MapPixels);
   void showTool();
+  void showCursor(bool Pressed);
   void update();
 
   GeoMapWidget& FWidget;
@@ -87,6 +88,7 @@ class ToolMenu final : public QMenu {
   QActionGroup* FTools;
   QAction* FCopyLength = nullptr;
   QAction* FClear = nullptr;
+  QStatusBar* FStatus = nullptr;
   QLabel* FHint = nullptr;
   bool FMouseTaken = false;
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -52,6 +53,7 @@ SelectionTool::SelectionTool(GeoMapWidget& Widget, ToolOverlay& Overlay, TextAt 
           &SelectionTool::clear);
   connect(&Widget, &GeoMapWidget::pixelsSelected, this, &SelectionTool::select);
   connect(&Widget, &GeoMapWidget::viewChanged, this, &SelectionTool::place);
+  Widget.installEventFilter(this);
   hide();
 }
 
@@ -63,6 +65,11 @@ QAbstractButton* SelectionTool::addButton(const QString& Text, const QString& Ti
   Button->setFocusPolicy(Qt::NoFocus);
   layout()->addWidget(Button);
   return Button;
+}
+
+bool SelectionTool::eventFilter(QObject* Watched, QEvent* Event) {
+  if (Event->type() == QEvent::Resize) place();
+  return QFrame::eventFilter(Watched, Event);
 }
 
 void SelectionTool::paintEvent(QPaintEvent* /*Event*/) {

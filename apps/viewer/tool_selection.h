@@ -47,6 +47,7 @@ class SelectionTool final : public QFrame {
   void refused(const QString& Reason);
 
  protected:
+  bool eventFilter(QObject* Watched, QEvent* Event) override;
   void paintEvent(QPaintEvent* Event) override;
 
  private:

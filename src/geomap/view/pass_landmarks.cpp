@@ -43,8 +43,11 @@ void DrawCaption(const TLMTextProperties& Caption, TPoint At, double Scale, TCan
   Device.Font = {Caption.FontName, Caption.Size * Scale, Caption.FontStyles, Caption.FGColor,
                  Caption.Direction};
   const TSize Size = Device.TextExtent(Text);
-  const double Along = HalvesAlong(Caption.HAlignment) * static_cast<double>(Size.Width / 2);
-  const double Up = HalvesUp(Caption.VAlignment) * static_cast<double>(Size.Height / 2);
+  // Whole halves: an odd pixel counts to the right and below.
+  const int32_t HalfWidth = Size.Width / 2;
+  const int32_t HalfHeight = Size.Height / 2;
+  const double Along = HalvesAlong(Caption.HAlignment) * static_cast<double>(HalfWidth);
+  const double Up = HalvesUp(Caption.VAlignment) * static_cast<double>(HalfHeight);
   const double Angle = Caption.Direction * Pi / 180;
   const double OX = RoundHalfEven(-Along * std::cos(Angle) - Up * std::sin(Angle));
   const double OY = RoundHalfEven(Along * std::sin(Angle) - Up * std::cos(Angle));

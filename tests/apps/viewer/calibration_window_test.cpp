@@ -9,6 +9,7 @@
 #include <platform/qt/qt_convert.h>
 
 #include "calibration_support.h"
+#include "position_parser.h"
 
 namespace zav {
 namespace {
@@ -105,6 +106,16 @@ TEST_F(CalibrationTest, ModelAndZoneChangeEverythingAtOnce) {
   EXPECT_NE(Cell(0, CalibrationTable::Pixels), Row);
   EXPECT_NE(Position(), Before);
   EXPECT_FALSE(Named<QLabel>(CalibFigureName(CalibFigure::Rms)).toolTip().isEmpty());
+
+  // In UTM a crossing of the kilometre grid is proposed.
+  Action("UTM")->trigger();
+  Widget().setMagnification(1);  // far enough from the point that is near by
+  int32_t X = 0;
+  int32_t Y = 0;
+  ASSERT_TRUE(Document().calibration().CalcPixelCoordsUTM(5200000, 500000, X, Y));
+  Click(X + 2, Y - 1);
+  EXPECT_EQ(Field("Position").text(), TypedText(CalibPosition::OfUtm(5200000, 500000, 32, false)));
+  Tool().abort();
 
   // Another ellipsoid moves the metres of points that were typed in degrees.
   const auto Metres = [this] { return Document().metresOf(Document().item(0))->Northing; };

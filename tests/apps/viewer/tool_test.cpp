@@ -132,7 +132,9 @@ TEST_F(ToolTest, KeysChooseToolsWithCursorAndHint) {
   EXPECT_EQ(Widget().mouseMode(), Tool::Pan);
 
   // While points are calibrated the hand is not shown, the other tools are.
+  Key(Qt::Key_R);
   FWindow->calibration().tool().setActive(true);
+  EXPECT_EQ(Widget().mouseMode(), Tool::Pan);
   Key(Qt::Key_Z);
   EXPECT_EQ(Widget().cursor().shape(), Qt::CrossCursor);
   Key(Qt::Key_P);
@@ -208,6 +210,11 @@ TEST_F(ToolTest, SelectsCopiesAndZooms) {
   EXPECT_NEAR(Middle.X, 250, 2);
   EXPECT_NEAR(Middle.Y, 250, 2);
   EXPECT_TRUE(Widget().rect().contains(Selection.geometry())) << "the bar follows";
+  FWindow->resize(600, 500);
+  QTest::qWait(1);
+  EXPECT_TRUE(Widget().rect().contains(Selection.geometry())) << "also when the window shrinks";
+  FWindow->resize(1000, 700);
+  QTest::qWait(1);
 
   // What reaches beyond the map is cut; beside it and for a click there is nothing.
   Map().SetConfinePan(false);
