@@ -13,9 +13,9 @@
 
 namespace zav {
 
-// Counts what can fail a save: creating, writing, syncing, closing, renaming. The operation number
-// FailAt (from 1; 0 = none) does half of a write, or nothing, and reports a full disk. Removing and
-// syncing a folder are what a saver does afterwards; they always work.
+// Counts what can fail a save: creating, writing, cutting, syncing, closing, renaming. The
+// operation number FailAt (from 1; 0 = none) does half of a write, or nothing, and reports a full
+// disk. Removing and syncing a folder are what a saver does afterwards; they always work.
 class TFailingFileOps final : public TFileOps {
  public:
   int FailAt = 0;
@@ -45,6 +45,19 @@ class TFailingFileOps final : public TFileOps {
   }
   int Remove(const std::string& Path) override { return SystemFileOps().Remove(Path); }
   int SyncFolder(const std::string& Path) override { return SystemFileOps().SyncFolder(Path); }
+  int Open(const std::string& Path, TFileAccess Access, int& Handle) override {
+    const bool Writes = Access == TFileAccess::UpdateOrCreate;
+    return Writes && FailsNow() ? ENOSPC : SystemFileOps().Open(Path, Access, Handle);
+  }
+  int WriteAt(int Handle, int64_t Offset, const void* Data, size_t Size) override {
+    if (!FailsNow()) return SystemFileOps().WriteAt(Handle, Offset, Data, Size);
+    SystemFileOps().WriteAt(Handle, Offset, Data, Size / 2);
+    return ENOSPC;
+  }
+  int Truncate(int Handle, int64_t Size) override {
+    return FailsNow() ? EIO : SystemFileOps().Truncate(Handle, Size);
+  }
+  int Lock(int Handle, TFileLock Kind) override { return SystemFileOps().Lock(Handle, Kind); }
 
  private:
   bool FailsNow() { return ++Count == FailAt; }

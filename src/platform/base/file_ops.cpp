@@ -3,6 +3,7 @@
 #include <platform/base/file_ops.h>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -54,6 +55,45 @@ class TPosixFileOps final : public TFileOps {
     const int error = ::fsync(handle) == 0 ? 0 : errno;
     ::close(handle);
     return error;
+  }
+
+  int Open(const std::string& Path, TFileAccess Access, int& Handle) override {
+    int flags = O_CLOEXEC | O_NONBLOCK;  // not to wait for the other end of a pipe
+    flags |= Access == TFileAccess::Read ? O_RDONLY : O_RDWR;
+    if (Access == TFileAccess::UpdateOrCreate) flags |= O_CREAT;
+    Handle = ::open(Path.c_str(), flags, 0666);
+    if (Handle < 0) return errno;
+    struct stat info;
+    int error = ::fstat(Handle, &info) == 0 ? 0 : errno;
+    if (error == 0 && !S_ISREG(info.st_mode)) error = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
+    if (error == 0) return 0;
+    ::close(Handle);
+    Handle = -1;
+    return error;
+  }
+
+  int WriteAt(int Handle, int64_t Offset, const void* Data, size_t Size) override {
+    const char* from = static_cast<const char*>(Data);
+    for (size_t rest = Size; rest > 0;) {
+      const ssize_t written = ::pwrite(Handle, from, rest, Offset);
+      if (written < 0 && errno == EINTR) continue;
+      if (written < 0) return errno;
+      from += written;
+      Offset += written;
+      rest -= static_cast<size_t>(written);
+    }
+    return 0;
+  }
+
+  int Truncate(int Handle, int64_t Size) override {
+    return ::ftruncate(Handle, Size) == 0 ? 0 : errno;
+  }
+
+  int Lock(int Handle, TFileLock Kind) override {
+    const int operation = Kind == TFileLock::None     ? LOCK_UN
+                          : Kind == TFileLock::Shared ? LOCK_SH | LOCK_NB
+                                                      : LOCK_EX | LOCK_NB;
+    return ::flock(Handle, operation) == 0 ? 0 : errno;
   }
 };
 

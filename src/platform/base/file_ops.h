@@ -7,9 +7,13 @@
 #define ZAV_PLATFORM_BASE_FILE_OPS_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace zav {
+
+enum class TFileAccess : uint8_t { Read, Update, UpdateOrCreate };
+enum class TFileLock : uint8_t { None, Shared, Exclusive };
 
 class TFileOps {
  public:
@@ -28,6 +32,17 @@ class TFileOps {
   virtual int Remove(const std::string& Path) = 0;
   // Returns when the names in a folder are on the disk.
   virtual int SyncFolder(const std::string& Path) = 0;
+
+  // Opens a file that stays where it is: for reading only, for reading and writing, or the latter
+  // and makes an empty one when there is none. It is an error when the path is no ordinary file.
+  virtual int Open(const std::string& Path, TFileAccess Access, int& Handle) = 0;
+  // Writes all Size bytes at an offset; a file that is too short is lengthened.
+  virtual int WriteAt(int Handle, int64_t Offset, const void* Data, size_t Size) = 0;
+  // Cuts a file or lengthens it by zero bytes.
+  virtual int Truncate(int Handle, int64_t Size) = 0;
+  // Takes, changes or gives up this handle's advisory lock without waiting; EWOULDBLOCK when
+  // another handle, of whichever process, is in the way. Closing the handle gives it up too.
+  virtual int Lock(int Handle, TFileLock Kind) = 0;
 };
 
 // The operations of the system.
