@@ -63,8 +63,10 @@ TTable::TTable(const std::string& File) {
 
 TTable::~TTable() = default;
 
-bool TTable::HeaderHas(std::string_view Names) const {
-  return FHasHeader && FindField(FFirst.Fields, Names).has_value();
+bool TTable::HeaderHas(std::string_view Names) const { return HeaderField(Names).has_value(); }
+
+std::optional<size_t> TTable::HeaderField(std::string_view Names) const {
+  return FHasHeader ? FindField(FFirst.Fields, Names) : std::nullopt;
 }
 
 const std::string& TTable::FirstField() const {
@@ -83,6 +85,12 @@ void TTable::SetColumns(std::vector<TColumn> Columns) {
                         "there is no column " + std::string(NameOf(i)));
     FFields.push_back(Field);
   }
+}
+
+void TTable::SetColumns(std::vector<TColumn> Columns, std::vector<std::optional<size_t>> Fields) {
+  FColumns = std::move(Columns);
+  FFields = std::move(Fields);
+  FFields.resize(FColumns.size());
 }
 
 bool TTable::Next() {
@@ -107,7 +115,7 @@ const std::string& TTable::Text(size_t Column) const {
 
 double TTable::Number(size_t Column) const {
   const std::string& Field = Text(Column);
-  const auto Value = ParseNumber(Field, FReader->Separator() != ',');
+  const auto Value = ParseNumber(Field, DecimalComma());
   if (!Value) throw ELineError(std::string(NameOf(Column)) + " \"" + Field + "\" is not a number");
   return *Value;
 }

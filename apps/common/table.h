@@ -43,11 +43,17 @@ class TTable {
   // Whether the header names the column; false without a header.
   bool HeaderHas(std::string_view Names) const;
   bool HasHeader() const noexcept { return FHasHeader; }
-  // The first field of the first line, empty for an empty table; the number of its fields.
+  // Where the header names the column.
+  std::optional<size_t> HeaderField(std::string_view Names) const;
+  // The fields of the first line, header or not; none for an empty table.
+  const std::vector<std::string>& FirstFields() const noexcept { return FFirst.Fields; }
+  // The first of them, empty for an empty table; their number.
   const std::string& FirstField() const;
   size_t Width() const noexcept { return FFirst.Fields.size(); }
   // What Text and Number are asked for by index. Throws EInOutError when the header lacks one.
   void SetColumns(std::vector<TColumn> Columns);
+  // The same with the field of each column, from 0, given; none for an absent one.
+  void SetColumns(std::vector<TColumn> Columns, std::vector<std::optional<size_t>> Fields);
 
   // Goes to the next line of data; false at the end.
   bool Next();
@@ -58,6 +64,11 @@ class TTable {
   double Number(size_t Column, double Low, double High) const;
   double Latitude(size_t Column) const { return Number(Column, -90, 90); }
   double Longitude(size_t Column) const { return Number(Column, -360, 360); }
+
+  // As messages name the table.
+  const std::string& Name() const noexcept { return FReader->Name(); }
+  // Whether numbers may have a decimal comma: where fields are not separated by commas.
+  bool DecimalComma() const noexcept { return FReader->Separator() != ','; }
 
   // The number of the line, and "FILE:LINE" for messages.
   int64_t Line() const noexcept { return FRecord.Line; }

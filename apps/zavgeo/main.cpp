@@ -34,6 +34,7 @@ void AddCommands(TProgram& Program) {
   AddEllipsoidCommand(Program);
   AddCalibrateCommand(Program);
   AddMapCommands(Program);
+  AddLandMarkCommands(Program);
 }
 
 int RunProgram(int Count, char** Arguments) {

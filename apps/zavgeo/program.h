@@ -33,6 +33,7 @@ void AddEllipsoidCommand(TProgram& Program);  // ellipsoids
 void AddCalibrateCommand(TProgram& Program);  // calibrate
 void AddMapCommands(
     TProgram& Program);  // map info, map to-pixel, map to-geo, map render, map shrink
+void AddLandMarkCommands(TProgram& Program);  // landmarks list, landmarks import
 void AddRenderCommand(TProgram& Program, CLI::App& Map);
 void AddShrinkCommand(TProgram& Program, CLI::App& Map);
 

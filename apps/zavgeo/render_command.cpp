@@ -14,6 +14,8 @@
 #include <memory>
 #include <optional>
 
+#include "common/free_captions.h"
+#include "common/landmark_files.h"
 #include "map_file.h"
 #include "program.h"
 
@@ -24,8 +26,9 @@ namespace {
 constexpr double MaxSide = 16384;
 
 struct TRenderOptions {
-  std::string MapFile, Size, Center, Magnification, Output;
+  std::string MapFile, Size, Center, Magnification, LandMarks, Output;
   std::string Graticule = "none";
+  std::string Captions = "free";
   bool Fit = false;
 };
 
@@ -35,6 +38,7 @@ struct TRenderPlan {
   std::optional<double> Magnification;
   bool Fit = false;
   TShowGrat Graticule = TShowGrat::sgNone;
+  TCaptions Captions = TCaptions::Free;
 };
 
 // The two numbers of "A,B" or "AxB".
@@ -64,11 +68,19 @@ TShowGrat GraticuleOf(const std::string& Kind) {
                     "\": none, points, lines, points-and-lines, utm-grid or points-and-utm-grid");
 }
 
+TCaptions CaptionsOf(const std::string& Name) {
+  if (SameText(Name, "all")) return TCaptions::All;
+  if (SameText(Name, "free")) return TCaptions::Free;
+  if (SameText(Name, "none")) return TCaptions::None;
+  throw EUsageError("--captions \"" + Name + "\" is none of all, free, none");
+}
+
 TRenderPlan PlanOf(const TRenderOptions& Options) {
   TRenderPlan Plan;
   // With neither a centre nor a magnification the whole map is fitted in.
   Plan.Fit = Options.Fit || (Options.Center.empty() && Options.Magnification.empty());
   Plan.Graticule = GraticuleOf(Options.Graticule);
+  Plan.Captions = CaptionsOf(Options.Captions);
   if (!Options.Size.empty()) {
     const auto [Width, Height] = ParsePair("--size", Options.Size, 'x');
     RequireRange("--size", std::min(Width, Height), 1, MaxSide);
@@ -125,6 +137,8 @@ int Render(const TRenderOptions& Options) {
   if (File.ImagePath.empty())
     throw EInOutError(Options.MapFile,
                       "the image " + File.Calibration.Data().MapFName + " was not found");
+  TLandMarkList LandMarks;
+  if (!Options.LandMarks.empty()) LandMarks = LoadLandMarkFile(Options.LandMarks, "").List;
   const TSize Size =
       Plan.Size ? *Plan.Size : WholeMap(File.Calibration, Plan.Magnification.value_or(1));
 
@@ -144,6 +158,10 @@ int Render(const TRenderOptions& Options) {
   Map.SetShowGrat(Plan.Graticule);
   Map.SetMapImgName(File.ImagePath);
   Map.SetCalibration(File.Calibration.Data(), File.Calibration.Model());
+  Map.SetThinningSeed(0);
+  Map.SetLandMarks(LandMarks);
+  TFreeCaptions Captions(Map);
+  Captions.SetCaptions(Plan.Captions);
   ShowPart(Map, Plan);
   Map.ConstructInternalMapImg();
   SavePng(Options.Output, Map.InternalMapImg(), Size);
@@ -167,6 +185,11 @@ void AddRenderCommand(TProgram& Program, CLI::App& Map) {
   Command
       .add_option("--graticule", Options->Graticule,
                   "none, points, lines, points-and-lines, utm-grid or points-and-utm-grid")
+      ->capture_default_str();
+  Command.add_option("--landmarks", Options->LandMarks, "landmark file to draw on the map");
+  Command
+      .add_option("--captions", Options->Captions,
+                  "of the landmarks: all; free, those that do not lie over one before; none")
       ->capture_default_str();
   Command.add_option("-o,--output", Options->Output, "PNG file to write")->required();
   Command.callback([&Program, Options] { Program.Run = [Options] { return Render(*Options); }; });

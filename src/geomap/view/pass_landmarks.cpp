@@ -3,56 +3,20 @@
 #include <algorithm>
 #include <cmath>
 
+#include <geomap/landmarks/caption_drawing.h>
 #include <geomap/landmarks/symbol_drawing.h>
 #include <geomap/view/passes.h>
 #include <platform/base/random.h>
-#include <platform/base/rounding.h>
 #include <platform/host/scaled_canvas.h>
 #include <platform/raster/raster_canvas.h>
 
 namespace zav {
 namespace {
 
-constexpr double Pi = 3.141592653589793;
-
 using TChunk = TLandMarkPixels::TChunk;
 
 bool StrictlyInside(TPoint P, TSize Control) noexcept {
   return P.X > 0 && P.X < Control.Width && P.Y > 0 && P.Y < Control.Height;
-}
-
-// How many halves of a text's size its top left corner is away from the aligned point, along the
-// text and up from it.
-int32_t HalvesAlong(THorizontalAlignment Alignment) noexcept {
-  return Alignment == THorizontalAlignment::haRight    ? 2
-         : Alignment == THorizontalAlignment::haCenter ? 1
-                                                       : 0;
-}
-int32_t HalvesUp(TVerticalAlignment Alignment) noexcept {
-  return Alignment == TVerticalAlignment::vaMiddle   ? 1
-         : Alignment == TVerticalAlignment::vaBottom ? 2
-                                                     : 0;
-}
-
-// At is the landmark's device pixel.
-void DrawCaption(const TLMTextProperties& Caption, TPoint At, double Scale, TCanvas& Device) {
-  const std::string_view Text = Caption.Text.View();
-  if (Text.empty()) return;
-  Device.Brush = {Caption.BGColor,
-                  Caption.Transparent ? TBrushStyle::bsClear : TBrushStyle::bsSolid};
-  Device.Font = {Caption.FontName, Caption.Size * Scale, Caption.FontStyles, Caption.FGColor,
-                 Caption.Direction};
-  const TSize Size = Device.TextExtent(Text);
-  // Whole halves: an odd pixel counts to the right and below.
-  const int32_t HalfWidth = Size.Width / 2;
-  const int32_t HalfHeight = Size.Height / 2;
-  const double Along = HalvesAlong(Caption.HAlignment) * static_cast<double>(HalfWidth);
-  const double Up = HalvesUp(Caption.VAlignment) * static_cast<double>(HalfHeight);
-  const double Angle = Caption.Direction * Pi / 180;
-  const double OX = RoundHalfEven(-Along * std::cos(Angle) - Up * std::sin(Angle));
-  const double OY = RoundHalfEven(Along * std::sin(Angle) - Up * std::cos(Angle));
-  Device.TextOut(RoundHalfEven(At.X + RoundHalfEven(Caption.dx * Scale) + OX),
-                 RoundHalfEven(At.Y + RoundHalfEven(Caption.dy * Scale) + OY), Text);
 }
 
 // Draws landmarks one by one.
@@ -79,7 +43,7 @@ class TLandMarkDrawing {
     if (!StrictlyInside(P, FScene.Control)) return true;
     const TPoint At = FScene.Scale == 1 ? P : FScene.ToDevice(Map.X, Map.Y);
     DrawSymbol(Look == nullptr ? LandMark.SymbolProps : *Look, At);
-    if (Look == nullptr) DrawCaption(LandMark.Caption, At, FScene.Scale, FDevice);
+    if (Look == nullptr) DrawLandMarkCaption(FDevice, At, LandMark.Caption, FScene.Scale);
     return true;
   }
 
