@@ -12,6 +12,8 @@
 #include <numeric>
 #include <optional>
 
+#include "common/conic_pole.h"
+
 namespace zav {
 
 namespace {
@@ -21,6 +23,9 @@ using enum TCalibModel;
 // A point is doubtful when it is off by this many pixels and this many times the median.
 constexpr double MinOutlierPixels = 3;
 constexpr double OutlierFactor = 4;
+// A conic fit that is off by this many pixels and this many times what is possible has gone astray.
+constexpr double MinAstrayPixels = 2;
+constexpr double AstrayFactor = 4;
 
 // Half the extent of the pixels along each axis.
 struct TExtent {
@@ -189,6 +194,16 @@ void CountQuads(const TCalibration& Calibration, const std::vector<TResidual>& T
     Doubts.push_back({TDoubtKind::NothingToCheck});
 }
 
+bool FindAstrayPole(const TCalibration& Calibration, const std::vector<TResidual>& Table,
+                    std::vector<TDoubt>& Doubts) {
+  const double Rms = SummaryOf(Table).Rms;
+  if (Calibration.Model() != cmConicConformal || Rms < MinAstrayPixels) return false;
+  const double Gain = ConicSearchGain(Calibration);
+  if (Gain < AstrayFactor) return false;
+  Doubts.push_back({TDoubtKind::PoleAstray, 0, Rms / Gain});
+  return true;
+}
+
 void CountLines(const TCalibration& Calibration, std::vector<TDoubt>& Doubts) {
   TCalibration Copy = Calibration;
   if (!Copy.RecalcGratMat()) Doubts.push_back({TDoubtKind::IncompleteGraticule});
@@ -217,7 +232,7 @@ std::vector<TDoubt> FindDoubts(const TCalibration& Calibration,
   }
   if (Lines)
     FindWrongLinePoints(Table, Doubts);
-  else
+  else if (!FindAstrayPole(Calibration, Table, Doubts))  // then the points are not to blame
     FindWrongQuads(Calibration, Table, Doubts);
   return Doubts;
 }
@@ -244,6 +259,12 @@ std::string DoubtText(const TDoubt& Doubt, const TCalibration& Calibration,
     }
     case TDoubtKind::OutsideImage:
       return Named(Table, Doubt.Index) + " is outside the image";
+    case TDoubtKind::PoleAstray:
+      return "the search for the point in which the meridians meet has gone astray, although a "
+             "cone "
+             "meets the points to about " +
+             FormatFixedNumber(Doubt.Pixels, 1, 1) +
+             " pixels; add points in other parts of the map";
     case TDoubtKind::Disagrees:
       return Named(Table, Doubt.Index) + " stands out: off by " +
              FormatFixedNumber(Doubt.Pixels, 1, 1) + " pixels from a fit of the others";

@@ -19,13 +19,14 @@ enum class TDoubtKind {
   IncompleteGraticule,  // fewer than two meridians and two parallels of three points
   ShortLine,            // a graticule line of fewer than three points
   OutsideImage,
-  Disagrees  // a point that a fit of the others misses by far
+  PoleAstray,  // the conic fit has not found where the meridians meet
+  Disagrees    // a point that a fit of the others misses by far
 };
 
 struct TDoubt {
   TDoubtKind Kind;
   size_t Index = 0;   // OutsideImage, Disagrees: in the table of residuals; ShortLine: of the line
-  double Pixels = 0;  // Disagrees: the miss
+  double Pixels = 0;  // Disagrees: the miss; PoleAstray: about what a better fit would miss by
 };
 
 // The number of control points that determine the model; one more is needed to check them.

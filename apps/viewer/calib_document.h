@@ -64,8 +64,9 @@ enum class CalibWarningKind {
   Undetermined,    // the points lie in a row, or on one curve
   NothingToCheck,  // just enough points: all residuals are 0 whatever is wrong
   OutsideImage,
-  FarCorner,  // a corner of the map far from all points
-  Disagrees,  // one item against the rest
+  FarCorner,   // a corner of the map far from all points
+  PoleAstray,  // the conic fit has not found where the meridians meet
+  Disagrees,   // one item against the rest
   LineNotUsed,
   OtherZone,     // UTM points of several zones
   ZoneMissing,   // UTM without a zone, or points that need one

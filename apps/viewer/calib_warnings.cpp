@@ -109,6 +109,12 @@ void Collector::Tell(const TDoubt& Doubt) {
                      .arg(ItemOfRow(Doubt.Index).Pixel.X)
                      .arg(ItemOfRow(Doubt.Index).Pixel.Y),
                  ItemOfRow(Doubt.Index).Id);
+    case TDoubtKind::PoleAstray:
+      return Add(PoleAstray,
+                 Tr("The search for the point in which the meridians meet has gone astray with "
+                    "these points, though they are good for about %1 pixels. Add points in other "
+                    "parts of the map, best in all corners.")
+                     .arg(Number(Doubt.Pixels, 1)));
     case TDoubtKind::Disagrees:
       return Add(Disagrees,
                  Tr("%1 disagrees with the rest: the others put it %2 pixels away. Check its "

@@ -196,10 +196,12 @@ QWidget* CalibrationDock::makeTable() {
   };
   FTable->setColumnWidth(CalibrationTable::Number, Width("888") + 22);
   FTable->setColumnWidth(CalibrationTable::Name, Width("Church 88"));
-  FTable->setColumnWidth(CalibrationTable::Position, Width("88 88 88.8 N, 888 88 88.8 W"));
-  FTable->setColumnWidth(CalibrationTable::Pixel, Width("88888, 88888"));
   FTable->setColumnWidth(CalibrationTable::Pixels, Width("Off by px") + 18);
   FTable->setColumnWidth(CalibrationTable::Metres, Width("88888 m"));
+  FTable->horizontalHeader()->setSectionResizeMode(CalibrationTable::Position,
+                                                   QHeaderView::ResizeToContents);
+  // How good a point is must be seen without scrolling; its pixel is on the map.
+  FTable->horizontalHeader()->moveSection(CalibrationTable::Pixel, CalibrationTable::Metres);
   FTable->horizontalHeader()->setStretchLastSection(true);
   FTable->installEventFilter(this);
   connect(FTable->selectionModel(), &QItemSelectionModel::currentRowChanged, this,

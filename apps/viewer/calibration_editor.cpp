@@ -12,27 +12,14 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "arrow_step.h"
+
 namespace zav {
 
 namespace {
 
 constexpr int Distance = 28;  // from the point it stands beside
 constexpr int Wide = 330;
-
-std::optional<QPoint> StepOf(int Key) {
-  switch (Key) {
-    case Qt::Key_Left:
-      return QPoint(-1, 0);
-    case Qt::Key_Right:
-      return QPoint(1, 0);
-    case Qt::Key_Up:
-      return QPoint(0, -1);
-    case Qt::Key_Down:
-      return QPoint(0, 1);
-    default:
-      return std::nullopt;
-  }
-}
 
 }  // namespace
 
@@ -108,13 +95,15 @@ void CalibrationEditor::setTitle(const QString& Title) { FTitle->setText(Title);
 void CalibrationEditor::placeBeside(QPoint Point) {
   FBeside = Point;
   // A text of several lines makes it higher.
-  resize(width(), std::max(sizeHint().height(), heightForWidth(width())));
+  layout()->activate();
+  resize(width(), layout()->totalHeightForWidth(width()));
   QPoint At = Point + QPoint(Distance, Distance);
   if (At.x() + width() > FMap.width()) At.setX(Point.x() - Distance - width());
   if (At.y() + height() > FMap.height()) At.setY(Point.y() - Distance - height());
   At.setX(std::clamp(At.x(), 0, std::max(0, FMap.width() - width())));
   At.setY(std::clamp(At.y(), 0, std::max(0, FMap.height() - height())));
   move(At);
+  emit placed();
 }
 
 void CalibrationEditor::cancel() {
@@ -147,7 +136,7 @@ bool CalibrationEditor::handleKey(int Key, Qt::KeyboardModifiers Modifiers) {
     cancel();
     return true;
   }
-  const std::optional<QPoint> Step = StepOf(Key);
+  const std::optional<QPoint> Step = ArrowStep(Key);
   if (!Step || !Modifiers.testFlag(Qt::AltModifier)) return false;
   emit nudged(*Step * (Modifiers.testFlag(Qt::ShiftModifier) ? 10 : 1));
   return true;
@@ -159,7 +148,7 @@ bool CalibrationEditor::eventFilter(QObject* Watched, QEvent* Event) {
   if (Override || Event->type() == QEvent::KeyPress) {
     const auto* Key = static_cast<QKeyEvent*>(Event);
     if (Override && (Key->key() == Qt::Key_Escape ||
-                     (StepOf(Key->key()) && Key->modifiers().testFlag(Qt::AltModifier)))) {
+                     (ArrowStep(Key->key()) && Key->modifiers().testFlag(Qt::AltModifier)))) {
       Event->accept();
       return true;
     }

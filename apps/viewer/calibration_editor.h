@@ -54,6 +54,8 @@ class CalibrationEditor final : public QFrame {
   void canceled();
   // Alt and an arrow key.
   void nudged(QPoint Step);
+  // It stands elsewhere, or has another size.
+  void placed();
 
  protected:
   bool event(QEvent* Event) override;

@@ -46,19 +46,19 @@ void CalibrationMagnifier::setFactor(int Factor) {
 
 void CalibrationMagnifier::showAt(TPoint MapPixel, QPoint Beside, const QRect& Avoid) {
   FCenter = MapPixel;
-  const QRect Room = FWidget.rect();
   const int Right = Beside.x() + Distance;
   const int Left = Beside.x() - Distance - width();
   const int Above = Beside.y() - Distance - height();
   const int Below = Beside.y() + Distance;
-  QRect Place;
+  // Beside the point; else, also farther away, beside what it must not cover.
   for (const QPoint Corner :
-       {QPoint(Right, Above), QPoint(Left, Above), QPoint(Right, Below), QPoint(Left, Below)}) {
-    Place = QRect(Corner, size());
-    if (Room.contains(Place) && !Place.intersects(Avoid)) break;
+       {QPoint(Right, Above), QPoint(Left, Above), QPoint(Right, Below), QPoint(Left, Below),
+        QPoint(Right, Avoid.top() - height()), QPoint(Left, Avoid.top() - height()),
+        QPoint(Avoid.left() - width(), Above), QPoint(Avoid.left() - width(), Below)}) {
+    move(std::clamp(Corner.x(), 0, std::max(0, FWidget.width() - width())),
+         std::clamp(Corner.y(), 0, std::max(0, FWidget.height() - height())));
+    if (!geometry().intersects(Avoid) && !geometry().contains(Beside)) break;
   }
-  move(std::clamp(Place.x(), 0, std::max(0, Room.width() - width())),
-       std::clamp(Place.y(), 0, std::max(0, Room.height() - height())));
   raise();
   show();
   update();

@@ -15,6 +15,7 @@
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
+#include "arrow_step.h"
 #include "calib_document.h"
 #include "view_layout.h"
 
@@ -25,21 +26,6 @@ namespace {
 constexpr double DragThreshold = 4;  // control pixels; a click may shake as much
 constexpr int KeyPause = 800;        // milliseconds
 constexpr int FarKeyStep = 10;
-
-std::optional<QPoint> StepOf(int Key) {
-  switch (Key) {
-    case Qt::Key_Left:
-      return QPoint(-1, 0);
-    case Qt::Key_Right:
-      return QPoint(1, 0);
-    case Qt::Key_Up:
-      return QPoint(0, -1);
-    case Qt::Key_Down:
-      return QPoint(0, 1);
-    default:
-      return std::nullopt;
-  }
-}
 
 TPoint Moved(TPoint Pixel, QPoint Step) { return {Pixel.X + Step.x(), Pixel.Y + Step.y()}; }
 
@@ -53,6 +39,7 @@ CalibrationTool::CalibrationTool(GeoMapWidget& Widget, CalibDocument& Document, 
       FMagnifier(new CalibrationMagnifier(Widget)),
       FEditor(new CalibrationEditor(Widget)) {
   Widget.installEventFilter(this);
+  connect(FEditor, &CalibrationEditor::placed, this, &CalibrationTool::updateMagnifier);
   connect(FEditor, &CalibrationEditor::accepted, this, &CalibrationTool::acceptAnswer);
   connect(FEditor, &CalibrationEditor::canceled, this, [this] {
     FEdited = 0;
@@ -339,7 +326,7 @@ bool CalibrationTool::handleKey(const QKeyEvent& Event) {
     editSelected();
     return true;
   }
-  const std::optional<QPoint> Step = StepOf(Key);
+  const std::optional<QPoint> Step = ArrowStep(Key);
   if (!Step) return false;
   return moveSelected(*Step * (Event.modifiers().testFlag(Qt::ShiftModifier) ? FarKeyStep : 1));
 }

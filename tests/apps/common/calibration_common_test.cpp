@@ -54,6 +54,25 @@ TEST(CalibrationPoints, OneTableOfAllKinds) {
   EXPECT_THROW(ReadCalibrationItems(File, Options), EInOutError);
 }
 
+// Twelve good points of the upper half of a sample map leave the fit's search in a wrong place; all
+// 24 do not. Neither the points nor the model are to blame then.
+TEST(CalibrationDoubts, AConicSearchThatWentAstray) {
+  TPointsOptions Options;
+  Options.Model = TCalibModel::cmConicConformal;
+  TCalibData Data = ReadCalibrationItems(ZAVGEO_SAMPLES "/maps/europe_conic.points.csv", Options);
+  ASSERT_EQ(Data.NumCalQuads, 24);
+  TCalibration Calibration;
+  Calibration.SetImageSize(2000, 1500);
+  Calibration.SetData(Data, Options.Model);
+  EXPECT_TRUE(FindDoubts(Calibration, Residuals(Calibration)).empty());
+  Data.NumCalQuads = 12;
+  Calibration.SetData(Data, Options.Model);
+  const auto Doubts = FindDoubts(Calibration, Residuals(Calibration));
+  ASSERT_EQ(Doubts.size(), 1u);
+  EXPECT_EQ(Doubts[0].Kind, TDoubtKind::PoleAstray);
+  EXPECT_NEAR(Doubts[0].Pixels, 0.4, 0.3);
+}
+
 // The spread of what a fit gives at a corner, from a thousand fits to points with errors of one
 // pixel, is what is foretold.
 TEST(CalibrationDoubts, GrowthAtCornersIsWhatErrorsDo) {
