@@ -62,7 +62,8 @@ class TBoxTree {
   // sides of 180 degrees, or around a pole, tells nothing (see ring_test.h).
   template <class TVisit>
   void VisitAround(double Lat, double Long, TVisit&& Visit) const {
-    VisitAll(TPositionTest(Lat, Long), Visit);
+    const TPositionTest Test(Lat, Long);
+    if (!Test.IsEmpty()) VisitAll(Test, Visit);
   }
 
   // The Count items whose boxes are nearest to a position, by ascending distance and identifier;
@@ -82,11 +83,10 @@ class TBoxTree {
     for (const TPackedBoxes& Tree : FTrees)
       if (!Tree.Visit(Test, Visit)) return;
   }
-  void PackNew();
-  void Repack(size_t First);
+  void Pack(size_t First);
 
   std::vector<TPackedBoxes> FTrees;  // larger ones first
-  std::vector<TBoxEntry> FNew;       // fewer than MaxNew
+  std::vector<TBoxEntry> FNew;       // few
 };
 
 }  // namespace zav

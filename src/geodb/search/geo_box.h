@@ -41,8 +41,8 @@ class TRegionTest {
  public:
   explicit TRegionTest(const TGeoRegion& Region) noexcept;
 
-  bool IsEmpty() const noexcept { return !(FSouth <= FNorth); }
-  // Whether the region and a box that is not empty have a position in common.
+  bool IsEmpty() const noexcept { return FEmpty; }
+  // Whether the region and a box have a position in common; neither may be empty.
   bool Meets(float LatLow, float LatHigh, float LongLow, float LongHigh) const noexcept {
     const bool WestMeets = LongHigh >= FWest;
     const bool EastMeets = LongLow <= FEast;
@@ -55,11 +55,12 @@ class TRegionTest {
   }
 
  private:
-  float FSouth = 1;
-  float FNorth = -1;
+  float FSouth = 0;
+  float FNorth = 0;
   float FWest = -std::numeric_limits<float>::infinity();
   float FEast = std::numeric_limits<float>::infinity();
-  bool FCrosses = false;
+  bool FCrosses = false;  // 180 degrees
+  bool FEmpty = true;
 };
 
 // Whether a box and a region have a position in common.

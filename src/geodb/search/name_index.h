@@ -60,18 +60,24 @@ class TNameIndex {
     friend auto operator<=>(const THit&, const THit&) = default;
   };
 
+  // A name of the block.
+  struct TCursor {
+    size_t Start = 0;
+    size_t Item = 0;
+  };
+
   void AddNew(int32_t Id, std::string_view Name);
-  void PackIfDue();
   void Pack();
   std::string_view KeyAt(size_t Start) const { return FKeys.c_str() + Start; }
   std::string_view NewKey(const TNewName& Name) const { return FNewKeys.c_str() + Name.Start; }
   bool IsAlive(size_t Item) const {
     return FDead.empty() || (FDead[Item / 64] >> Item % 64 & 1) == 0;
   }
-  size_t StartBefore(std::string_view Key, int32_t Id) const;
-  void FindSorted(std::string_view Key, TNameMatch Match, size_t Limit,
+  void Step(TCursor& At) const;
+  TCursor Before(const THit& Wanted) const;
+  void FindSorted(std::string_view Text, TNameMatch Match, size_t Limit,
                   std::vector<THit>& Hits) const;
-  void FindParts(std::string_view Key, size_t Limit, std::vector<THit>& Hits) const;
+  void FindParts(std::string_view Text, size_t Limit, std::vector<THit>& Hits) const;
 
   std::string FKeys;            // sorted by key and identifier, each ended by a zero byte
   std::vector<size_t> FStarts;  // of each KeysPerStart-th key

@@ -27,6 +27,7 @@ struct TBoxEntry {
 class TPositionTest {
  public:
   TPositionTest(double Lat, double Long) noexcept : FPosition(TGeoRegion{Lat, Long, Lat, Long}) {}
+  bool IsEmpty() const noexcept { return FPosition.IsEmpty(); }
   bool Meets(float LatLow, float LatHigh, float LongLow, float LongHigh) const noexcept {
     return (LongHigh - LongLow > 180) | FPosition.Meets(LatLow, LatHigh, LongLow, LongHigh);
   }
@@ -37,14 +38,14 @@ class TPositionTest {
 
 class TPackedBoxes {
  public:
-  // Sixteen boxes. Unused ones are empty and far away.
+  // Sixteen boxes. Unused ones are NaN, which passes no test.
   struct TNode {
     static constexpr size_t Size = 16;
     std::array<float, Size> LatLow, LatHigh, LongLow, LongHigh;
   };
 
   // Entries must have boxes that are not empty.
-  explicit TPackedBoxes(std::vector<TBoxEntry> Entries);
+  explicit TPackedBoxes(const std::vector<TBoxEntry>& Entries);
 
   // Items that were not removed, and those that were.
   size_t Count() const noexcept { return FIds.size() - FRemoved; }
@@ -93,8 +94,8 @@ class TPackedBoxes {
     }
     return true;
   }
-  TGeoBox Box(size_t Item) const;
-  size_t AddLevel(size_t First, size_t Nodes);
+  TBoxEntry Entry(size_t Item) const;
+  void AddLevel();
 
   std::vector<TNode> FNodes;    // level after level, the items' first
   std::vector<size_t> FLevels;  // the first node of each level

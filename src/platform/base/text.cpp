@@ -138,6 +138,15 @@ std::string FoldAccents(std::string_view Text) {
   return result;
 }
 
+std::string SearchKey(std::string_view Text) {
+  std::string Key;
+  Key.reserve(Text.size());
+  const bool Ascii = std::none_of(Text.begin(), Text.end(), [](char c) { return (c & 0x80) != 0; });
+  if (!Ascii) return LowerCase(UpperCase(FoldAccents(DisplayText(Text))));
+  for (const char c : Text) Key += static_cast<char>(Lower(static_cast<char32_t>(c)));
+  return Key;
+}
+
 int32_t StringIx(std::string_view Text, std::span<const std::string_view> List,
                  int32_t HighIndex) noexcept {
   for (int32_t i = 0; i <= HighIndex && static_cast<size_t>(i) < List.size(); ++i) {

@@ -33,6 +33,10 @@ bool SameText(std::string_view A, std::string_view B) noexcept;
 // after them too; ligatures and letters such as the sharp s are spelled out. Case is kept.
 std::string FoldAccents(std::string_view Text);
 
+// The form in which names are compared when one is searched: without accents, in one case, bytes
+// that are no UTF-8 read as DisplayText does.
+std::string SearchKey(std::string_view Text);
+
 // The 1-based position of the entry among List[0..HighIndex] that equals Text; 0 when none does.
 int32_t StringIx(std::string_view Text, std::span<const std::string_view> List,
                  int32_t HighIndex) noexcept;
