@@ -27,6 +27,12 @@ QAction* AddChoice(QMenu& Menu, QActionGroup& Group, const QString& Text, int Va
   return Action;
 }
 
+QString ArrowsText(int Factor) {
+  if (Factor == 0) return CalibrationMenu::tr("&None");
+  if (Factor == 1) return CalibrationMenu::tr("&True to scale");
+  return CalibrationMenu::tr("%1 times as long").arg(Factor);
+}
+
 void CheckValue(const QActionGroup& Group, int Value) {
   for (QAction* Action : Group.actions())
     if (Action->data().toInt() == Value) Action->setChecked(true);
@@ -158,8 +164,7 @@ void CalibrationMenu::addLook() {
   QMenu* Residuals = addMenu(tr("Residuals as &Arrows"));
   FResiduals = new QActionGroup(this);
   for (const int Factor : ResidualFactors)
-    AddChoice(*Residuals, *FResiduals,
-              Factor == 0 ? tr("&None") : tr("%1 times as long").arg(Factor), Factor);
+    AddChoice(*Residuals, *FResiduals, ArrowsText(Factor), Factor);
   CheckValue(*FResiduals, 0);
   connect(FResiduals, &QActionGroup::triggered, this, [&Tool](const QAction* Action) {
     Tool.overlay().setResidualFactor(Action->data().toInt());
