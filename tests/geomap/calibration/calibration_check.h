@@ -10,18 +10,9 @@
 #include <string>
 #include <string_view>
 
+#include "../../support/stream_bytes.h"
+
 namespace zav::test {
-
-inline TMemoryStream StreamOf(std::string_view Bytes) {
-  TMemoryStream Stream;
-  Stream.Write(Bytes.data(), Bytes.size());
-  Stream.SetPosition(0);
-  return Stream;
-}
-
-inline std::string BytesOf(const TMemoryStream& Stream) {
-  return {Stream.Memory(), Stream.Memory() + Stream.Size()};
-}
 
 // Numbers of fixed decimals come back within half of the last one.
 inline bool Near(double A, double B, double Unit) {

@@ -10,18 +10,9 @@
 #include <string>
 #include <string_view>
 
+#include "../../support/stream_bytes.h"
+
 namespace zav::test {
-
-inline TMemoryStream StreamOf(std::string_view Bytes) {
-  TMemoryStream Stream;
-  Stream.Write(Bytes.data(), Bytes.size());
-  Stream.SetPosition(0);
-  return Stream;
-}
-
-inline std::string BytesOf(const TMemoryStream& Stream) {
-  return {Stream.Memory(), Stream.Memory() + Stream.Size()};
-}
 
 inline bool HasNul(std::string_view Text) { return Text.find('\0') != std::string_view::npos; }
 

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <geomap/landmarks/xml_records.h>
 #include <gtest/gtest.h>
+#include <support/stream_bytes.h>
 #include <support/temp_folder.h>
 
 namespace zav {
 namespace {
+
+using test::StreamOf;
 
 TEST(XmlRecords, TagTableIsTheOneOfTheFiles) {
   const char* names[] = {"geomap",     "/geomap",     "calline",      "corners",
@@ -57,13 +60,6 @@ TEST(XmlRecords, FindAttribute) {
                             {"ПОЛЕ=\"ж\"", "поле", "ж"},
                             {"a=1 b=2", "b", "2"}};
   for (const auto& c : cases) EXPECT_EQ(FindAttribute(c[0], c[1]), c[2]) << c[0];
-}
-
-TMemoryStream StreamOf(std::string_view Text) {
-  TMemoryStream stream;
-  stream.Write(Text.data(), Text.size());
-  stream.SetPosition(0);
-  return stream;
 }
 
 TEST(XmlRecords, LineEndModes) {
