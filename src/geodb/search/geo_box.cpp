@@ -41,6 +41,7 @@ double DistanceToMeridian(double South, double North, double Gap, double Lat) no
   const auto To = [&](double Of) {
     return SphereGreatCircleDist(MeanEarthRadius, Lat, 0, Of, Gap);
   };
+  if (South == North) return To(South);
   // On a full meridian the nearest latitude is that of the foot of the perpendicular; beyond 90
   // degrees of longitude this lies on the far half, and an end of the piece is nearest.
   const double Angle = Gap * RadiansPerDegree;
@@ -60,7 +61,7 @@ TRegionTest::TRegionTest(const TGeoRegion& Region) noexcept {
   if (Region.East - Region.West >= 360) return;  // all longitudes
   const double West = Turned(Region.West);
   const double East = Turned(Region.East);
-  FCrosses = West > East;
+  FCrosses = West > East ? -1 : 0;
   FWest = AtLeast(West);
   FEast = AtMost(East);
 }

@@ -7,6 +7,7 @@
 #ifndef ZAV_GEODB_SEARCH_GEO_BOX_H
 #define ZAV_GEODB_SEARCH_GEO_BOX_H
 
+#include <cstdint>
 #include <limits>
 
 namespace zav {
@@ -43,15 +44,17 @@ class TRegionTest {
 
   bool IsEmpty() const noexcept { return FEmpty; }
   // Whether the region and a box have a position in common; neither may be empty.
-  bool Meets(float LatLow, float LatHigh, float LongLow, float LongHigh) const noexcept {
-    const bool WestMeets = LongHigh >= FWest;
-    const bool EastMeets = LongLow <= FEast;
-    const bool Turned = LongLow > LongHigh;
+  // For edges that are numbers, or vectors of numbers; the result is then a vector of truth values.
+  template <class T>
+  auto Meets(T LatLow, T LatHigh, T LongLow, T LongHigh) const noexcept {
+    const auto WestMeets = LongHigh >= FWest;
+    const auto EastMeets = LongLow <= FEast;
+    const auto Turned = LongLow > LongHigh;
     // Of two ranges of longitudes that both cross 180 degrees, each holds 180; of one that does and
     // one that does not, one edge is enough.
-    const bool LongMeets = (WestMeets & EastMeets) |
-                           ((WestMeets | EastMeets) & (FCrosses | Turned)) | (FCrosses & Turned);
-    return (LatLow <= FNorth) & (LatHigh >= FSouth) & LongMeets;
+    return (LatLow <= FNorth) & (LatHigh >= FSouth) &
+           ((WestMeets & EastMeets) | ((WestMeets | EastMeets) & (Turned | FCrosses)) |
+            (Turned & FCrosses));
   }
 
  private:
@@ -59,7 +62,7 @@ class TRegionTest {
   float FNorth = 0;
   float FWest = -std::numeric_limits<float>::infinity();
   float FEast = std::numeric_limits<float>::infinity();
-  bool FCrosses = false;  // 180 degrees
+  int32_t FCrosses = 0;  // 180 degrees: all bits or none
   bool FEmpty = true;
 };
 

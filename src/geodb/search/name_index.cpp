@@ -44,7 +44,11 @@ bool IsMatch(std::string_view Key, std::string_view Text, TNameMatch Match) {
 
 // --- changes
 
-void TNameIndex::Clear() { *this = {}; }
+void TNameIndex::Clear() {
+  std::string().swap(FKeys);  // an assignment would keep the memory
+  std::string().swap(FNewKeys);
+  *this = {};
+}
 
 void TNameIndex::Assign(const TNextName& Next) {
   Clear();
@@ -79,7 +83,7 @@ bool TNameIndex::Remove(int32_t Id, std::string_view Name) {
   const THit Wanted{Key, Id};
   for (TCursor At = Before(Wanted); At.Item < FIds.size(); Step(At)) {
     const THit Here{KeyAt(At.Start), FIds[At.Item]};
-    if (Here > Wanted) break;
+    if (Wanted < Here) break;
     if (Here < Wanted || !IsAlive(At.Item)) continue;
     if (FDead.empty()) FDead.resize(FIds.size() / 64 + 1);
     FDead[At.Item / 64] |= uint64_t{1} << At.Item % 64;
@@ -114,6 +118,7 @@ void TNameIndex::Pack() {
     Append(Old);
   }
   for (; New != FNew.end(); ++New) Append({NewKey(*New), New->Id});
+  Clear();
   *this = std::move(Packed);
 }
 

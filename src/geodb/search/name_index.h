@@ -57,7 +57,9 @@ class TNameIndex {
   struct THit {
     std::string_view Key;
     int32_t Id = 0;
-    friend auto operator<=>(const THit&, const THit&) = default;
+    friend bool operator<(const THit& A, const THit& B) noexcept {
+      return A.Key != B.Key ? A.Key < B.Key : A.Id < B.Id;
+    }
   };
 
   // A name of the block.

@@ -58,12 +58,13 @@ TGeoBox Enclosing(const TPackedBoxes::TNode& Node) noexcept {
   constexpr float Infinity = std::numeric_limits<float>::infinity();
   TGeoBox Box{Infinity, -Infinity, Infinity, -Infinity};
   for (size_t i = 0; i < NodeSize; ++i) {
-    if (std::isnan(Node.LatLow[i])) continue;
-    const bool Turned = Node.LongLow[i] > Node.LongHigh[i];  // it crosses 180 degrees
-    Box.LatLow = std::min(Box.LatLow, Node.LatLow[i]);
-    Box.LatHigh = std::max(Box.LatHigh, Node.LatHigh[i]);
-    Box.LongLow = Turned ? -Infinity : std::min(Box.LongLow, Node.LongLow[i]);
-    Box.LongHigh = Turned ? Infinity : std::max(Box.LongHigh, Node.LongHigh[i]);
+    const TGeoBox Each = Node.Box(i);
+    if (std::isnan(Each.LatLow)) continue;
+    const bool Turned = Each.LongLow > Each.LongHigh;  // it crosses 180 degrees
+    Box.LatLow = std::min(Box.LatLow, Each.LatLow);
+    Box.LatHigh = std::max(Box.LatHigh, Each.LatHigh);
+    Box.LongLow = Turned ? -Infinity : std::min(Box.LongLow, Each.LongLow);
+    Box.LongHigh = Turned ? Infinity : std::max(Box.LongHigh, Each.LongHigh);
   }
   return Box;
 }
@@ -120,9 +121,7 @@ size_t TPackedBoxes::MemoryUsed() const noexcept {
 }
 
 TBoxEntry TPackedBoxes::Entry(size_t Item) const {
-  const TNode& Boxes = FNodes[Item / NodeSize];
-  const size_t i = Item % NodeSize;
-  return {FIds[Item], {Boxes.LatLow[i], Boxes.LatHigh[i], Boxes.LongLow[i], Boxes.LongHigh[i]}};
+  return {FIds[Item], FNodes[Item / NodeSize].Box(Item % NodeSize)};
 }
 
 bool TPackedBoxes::Remove(const TBoxEntry& Wanted) {

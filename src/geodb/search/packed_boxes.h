@@ -11,11 +11,17 @@
 #include <geodb/search/geo_box.h>
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace zav {
+
+// Vectors of the compiler (GCC and Clang): arithmetic on four numbers at once.
+using TFourFloats = float __attribute__((vector_size(16)));
+using TFourWords = int32_t __attribute__((vector_size(16)));
 
 struct TBoxEntry {
   int32_t Id = 0;
@@ -28,8 +34,9 @@ class TPositionTest {
  public:
   TPositionTest(double Lat, double Long) noexcept : FPosition(TGeoRegion{Lat, Long, Lat, Long}) {}
   bool IsEmpty() const noexcept { return FPosition.IsEmpty(); }
-  bool Meets(float LatLow, float LatHigh, float LongLow, float LongHigh) const noexcept {
-    return (LongHigh - LongLow > 180) | FPosition.Meets(LatLow, LatHigh, LongLow, LongHigh);
+  template <class T>
+  auto Meets(T LatLow, T LatHigh, T LongLow, T LongHigh) const noexcept {
+    return (LongHigh - LongLow > 180.0F) | FPosition.Meets(LatLow, LatHigh, LongLow, LongHigh);
   }
 
  private:
@@ -39,9 +46,30 @@ class TPositionTest {
 class TPackedBoxes {
  public:
   // Sixteen boxes. Unused ones are NaN, which passes no test.
-  struct TNode {
+  struct alignas(64) TNode {
     static constexpr size_t Size = 16;
     std::array<float, Size> LatLow, LatHigh, LongLow, LongHigh;
+
+    TGeoBox Box(size_t Index) const {
+      return {LatLow[Index], LatHigh[Index], LongLow[Index], LongHigh[Index]};
+    }
+    // A bit for each box that passes the test, the lowest for the first; four boxes at a time.
+    template <class TTest>
+    uint32_t Passing(const TTest& Test) const noexcept {
+      TFourWords Passed{};
+      TFourWords Bits{1, 2, 4, 8};
+      for (size_t i = 0; i < Size; i += 4, Bits <<= 4)
+        Passed |= Bits & Test.Meets(Four(LatLow, i), Four(LatHigh, i), Four(LongLow, i),
+                                    Four(LongHigh, i));
+      return static_cast<uint32_t>(Passed[0] | Passed[1] | Passed[2] | Passed[3]);
+    }
+
+   private:
+    static TFourFloats Four(const std::array<float, Size>& Edges, size_t First) noexcept {
+      TFourFloats Result;
+      std::memcpy(&Result, &Edges[First], sizeof Result);
+      return Result;
+    }
   };
 
   // Entries must have boxes that are not empty.
@@ -78,14 +106,12 @@ class TPackedBoxes {
   template <class TTest, class TVisit>
   bool VisitNode(size_t Level, size_t Index, const TTest& Test, TVisit& Visit) const {
     const TNode& Boxes = Node(Level, Index);
-    std::array<uint8_t, TNode::Size> Passed;
-    size_t Count = 0;
-    for (size_t i = 0; i < TNode::Size; ++i) {  // without branches
-      Passed[Count] = static_cast<uint8_t>(i);
-      Count += Test.Meets(Boxes.LatLow[i], Boxes.LatHigh[i], Boxes.LongLow[i], Boxes.LongHigh[i]);
-    }
-    for (size_t i = 0; i < Count; ++i) {
-      const size_t Child = Index * TNode::Size + Passed[i];
+    const size_t FirstChild = Index * TNode::Size;
+    const uint32_t Passing = Boxes.Passing(Test);
+    if (Level == 1)
+      for (uint32_t Left = Passing; Left != 0; Left &= Left - 1) Fetch(FirstChild + Lowest(Left));
+    for (uint32_t Left = Passing; Left != 0; Left &= Left - 1) {
+      const size_t Child = FirstChild + Lowest(Left);
       if (Level > 0) {
         if (!VisitNode(Level - 1, Child, Test, Visit)) return false;
       } else if (IsAlive(Child) && !Visit(FIds[Child])) {
@@ -93,6 +119,16 @@ class TPackedBoxes {
       }
     }
     return true;
+  }
+  static size_t Lowest(uint32_t Bits) noexcept {
+    return static_cast<size_t>(std::countr_zero(Bits));
+  }
+  // Has a node of items brought from memory while others are looked at.
+  void Fetch(size_t Index) const noexcept {
+    const TNode& Items = FNodes[Index];
+    for (const auto* Edges : {&Items.LatLow, &Items.LatHigh, &Items.LongLow, &Items.LongHigh})
+      __builtin_prefetch(Edges);
+    __builtin_prefetch(&FIds[Index * TNode::Size]);
   }
   TBoxEntry Entry(size_t Item) const;
   void AddLevel();

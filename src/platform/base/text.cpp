@@ -124,6 +124,11 @@ std::string FoldAccents(std::string_view Text) {
   ForEachCharacter(Text, [&](const TUtf8Char& c, std::string_view bytes) {
     const bool combiningMark = c.Valid && c.Code >= 0x300 && c.Code <= 0x36F;
     if (combiningMark && folds) return;
+    if (c.Code < 0x80) {
+      result.append(bytes);
+      folds = true;
+      return;
+    }
     folds = c.Valid && (c.Code < 0x530 || (c.Code >= 0x1E00 && c.Code < 0x2000));
     const TFold* fold =
         std::lower_bound(std::begin(Folds), std::end(Folds), c.Code,

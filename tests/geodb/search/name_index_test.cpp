@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <random>
+#include <tuple>
 
 namespace zav {
 namespace {
@@ -64,7 +65,7 @@ TEST(NameIndex, IsEqualToLookingAtEveryNameWhileItChanges) {
     std::string Key;
     int32_t Id;
     std::string Name;
-    auto operator<=>(const TItem&) const = default;
+    bool operator<(const TItem& B) const { return std::tie(Key, Id) < std::tie(B.Key, B.Id); }
   };
   std::vector<TItem> Items;
   TNameIndex Index;
