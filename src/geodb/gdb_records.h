@@ -49,8 +49,11 @@ inline constexpr std::array<std::string_view, 9> GDB_ITEMNAMES = {
 // The name of a kind; that of gitUndefined for a number that is none.
 std::string_view ItemKindName(TgdbItem ItemKind) noexcept;
 
-// Whether items of this kind have a point list.
+// Whether items of this kind have a point list, or any block in the data file.
 bool HasPointList(TgdbItem ItemKind) noexcept;
+inline bool HasBlock(TgdbItem ItemKind) noexcept {
+  return HasPointList(ItemKind) || ItemKind == TgdbItem::gitBLOB;
+}
 
 // The fields of TMetaInfo.
 enum class TMetaItem : uint8_t {

@@ -251,8 +251,8 @@ class TGeoDB : public TComponent {
   static void SortIxItemIDInto(TIxItemIDRecArray& Ix, TIxItemIDRec Rec);
 
   // Enters a record into the five indexes in memory, each of which must have a spare last slot, or
-  // takes its entries out and leaves the slot. The operations above do this by themselves. Nothing
-  // for a record number out of range or without a spare slot.
+  // takes its entries out and leaves the slot. The operations above do this by themselves; alone,
+  // these leave the indexes wrong. Nothing for a record number out of range.
   void InsertIntoIndex(int32_t RecNo, const TgdbData& Data);
   void RemoveIndexEntries(int32_t RecNo);
 
@@ -329,15 +329,36 @@ class TGeoDB : public TComponent {
 
  private:
   friend class TGdbChange;
+  struct TItemArgs;
+  struct TSourceFile;
 
-  std::string Message(const char* Operation, const char* Reason) const;
-  [[noreturn]] void Fail(const char* Operation, const char* Reason) const;
+  std::string Message(const char* Operation, const std::string& Reason) const;
+  [[noreturn]] void Fail(const char* Operation, const std::string& Reason) const;
+  // Does Work and puts what it refuses into this component's words.
+  template <class TWork>
+  auto Guarded(const char* Operation, TWork&& Work) const;
   void Report(int32_t Percent);
-  void CloseQuietly() noexcept;
+  void RefuseUpdate(const char* Operation) const;
+  void FollowReload();
+
+  int32_t AddItem(const TItemArgs& Args);
+  void ReplaceItem(int32_t RecNo, const TItemArgs& Args);
+  TgdbData BuildRecord(const TItemArgs& Args) const;
+  TSourceFile OpenSource(const char* Operation, const TItemArgs& Args, TgdbData& Data) const;
+  void WriteBlock(const TItemArgs& Args, TSourceFile& Source, TgdbData& Data);
+  void WritePayload(const TItemArgs& Args, TSourceFile& Source, int32_t Size);
+  void PutHeader(const char* Operation, const TgdbSystemData& Header);
+  bool ReadPoints(const TgdbData& Data, TgdbPolygon& Polygon) const;
+  void CheckBlob(const TgdbData& Data) const;
+  void ReadBlobPieces(const TgdbData& Data,
+                      const std::function<void(const uint8_t*, size_t)>& Take);
+  int32_t StreamSize(const TMemoryStream& Stream) const;
+  bool IsBlob(int32_t Position) const noexcept;
 
   std::unique_ptr<TGdbStore> FStore;
   std::unique_ptr<TGdbSearch> FSearch;
   bool FReadOnly = false;
+  bool FKeepsNames = false;
   bool FChanging = false;
   bool FUpdateLost = false;
   int32_t FUpdateDepth = 0;
