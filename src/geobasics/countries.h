@@ -1,16 +1,22 @@
 // countries.h - the country catalogue: codes, a central point, the capital.
 //
 // For applications, for example to centre a map on a country or its capital; nothing in the library
-// reads it.
+// reads it. It is of 2006 and tells countries of that time, dissolved ones too (Netherlands
+// Antilles, Serbia and Montenegro), with the codes and capitals that they had.
 //
 // Source: codes from FIPS PUB 10-4 and ISO 3166-1, which differ for many countries (Germany is "gm"
-//         and "de"); central points as in the CIA World Factbook; capitals from public gazetteers.
+//         and "de"), those of dissolved countries from ISO 3166-3; central points as in the CIA
+//         World Factbook, where those are within the country; capitals, with their positions and
+//         altitudes, from the GeoNames gazetteer.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOBASICS_COUNTRIES_H
 #define ZAV_GEOBASICS_COUNTRIES_H
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <string_view>
+#include <vector>
 
 #include <platform/base/short_string.h>
 
@@ -30,8 +36,22 @@ struct TCountryData {
   int32_t CapAlt = 0;  // metres above sea level
 };
 
+inline constexpr size_t NumCountries = 231;
+
 // Sorted by name.
-extern const std::array<TCountryData, 6> CountryData;
+extern const std::array<TCountryData, NumCountries> CountryData;
+
+// A country by its ISO code of two or three letters, by its FIPS code, by its name. Case does not
+// count, accents do not count in names; "Korea, North" is "North Korea" too, and "Burma;Myanmar"
+// either of both. Null for what is unknown.
+const TCountryData* FindCountryByISO(std::string_view Code);
+const TCountryData* FindCountryByFips(std::string_view Code);
+const TCountryData* FindCountryByName(std::string_view Name);
+// By ISO code, else by name. No FIPS codes: "au" is Austria there, Australia here.
+const TCountryData* FindCountry(std::string_view CodeOrName);
+
+// The countries that have a capital of that name: Kingston is the capital of two.
+std::vector<const TCountryData*> FindCountriesByCapital(std::string_view Capital);
 
 }  // namespace zav
 
