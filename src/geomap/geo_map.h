@@ -69,6 +69,13 @@ class TGeoMapObserver {
   virtual void RectSelected(TGeoMap& /*Map*/, int /*Kind*/, double /*X1*/, double /*Y1*/,
                             double /*X2*/, double /*Y2*/) {}
   virtual void MouseBoxChanged(TGeoMap& /*Map*/) {}  // MouseBox begins to wait, or has ended
+
+  // After the control's own events of the mouse, with the same arguments.
+  virtual void MousePressed(TGeoMap& /*Map*/, TMouseButton, TShiftState, TPoint /*Control*/) {}
+  virtual void MouseMoved(TGeoMap& /*Map*/, TShiftState, TPoint /*Control*/) {}
+  virtual void MouseReleased(TGeoMap& /*Map*/, TMouseButton, TShiftState, TPoint /*Control*/) {}
+  // After OnMapImageRequest; may name another file.
+  virtual void ImageRequested(TGeoMap& /*Map*/, std::string& /*FileName*/) {}
 };
 
 class TGeoMap : public TCustomControl {
@@ -178,6 +185,9 @@ class TGeoMap : public TCustomControl {
   // the view is that of the drawing. False when a handler destroyed the control; a call while the
   // control paints draws nothing.
   bool DrawPart(TCanvas& Canvas, const TMapPart& Part);
+  // The size, in control pixels, of the picture that is being drawn; in handlers of the rendering
+  // events. At other times the control's.
+  TSize DrawnSize() const noexcept { return FDrawnSize.Width > 0 ? FDrawnSize : ControlSize(); }
 
   // --- view --------------------------------------------------------------------------------------
   const TViewState& View() const noexcept { return FView; }
@@ -452,7 +462,8 @@ class TGeoMap : public TCustomControl {
 
   // --- events ------------------------------------------------------------------------------------
   // All belong to the application; the sender comes first. A canvas is in control pixels, and what
-  // is drawn on it lands in the picture.
+  // is drawn on it lands in the picture, which DrawnSize() tells the size of: a part of the map that
+  // is printed or copied can be larger than the control.
   using TProgressEvent = std::function<void(TGeoMap*, int PercentDone, bool& Cancel)>;
   using TRenderEvent = std::function<void(TGeoMap*, TCanvas& Canvas)>;
   using TDrawLandMarkEvent = std::function<void(TGeoMap*, bool& Handled, TCanvas& Canvas,
@@ -563,6 +574,7 @@ class TGeoMap : public TCustomControl {
   std::shared_ptr<TBitmap> FInternalMapImg;  // shared with a rendering under way
   bool FSuppressPaint = false;
   bool FPainting = false;
+  TSize FDrawnSize;  // of the part that DrawPart draws, else empty
 
   std::shared_ptr<TLandMarkStore> FLandMarks;  // outlives the control while it asks a handler
   TLandMarkCache FLandMarkCache;

@@ -55,6 +55,8 @@ void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) 
     Request(this, FileName);
     if (Alive.expired()) return;
   }
+  NotifyWith([&](TGeoMapObserver& Each) { Each.ImageRequested(*this, FileName); });
+  if (Alive.expired()) return;
   FImage.InvalidateCache();
   const std::string Path = Beside.empty() ? ResolveFile(FileName) : ResolveFile(FileName, Beside);
   if (Path.empty()) {

@@ -34,6 +34,8 @@ void TGeoMap::MouseDown(TMouseButton Button, TShiftState Shift, int32_t X, int32
   const auto Alive = Life();
   Perform(FMouse.Press(MouseContext(), Button, Shift, {X, Y}));
   if (!Alive.expired()) TCustomControl::MouseDown(Button, Shift, X, Y);
+  if (Alive.expired()) return;
+  NotifyWith([&](TGeoMapObserver& Each) { Each.MousePressed(*this, Button, Shift, {X, Y}); });
 }
 
 void TGeoMap::MouseMove(TShiftState Shift, int32_t X, int32_t Y) {
@@ -41,11 +43,15 @@ void TGeoMap::MouseMove(TShiftState Shift, int32_t X, int32_t Y) {
   const TMouseResult Result = FMouse.Move(MouseContext(), Shift, {X, Y});
   Perform(Result);
   if (!Alive.expired()) TCustomControl::MouseMove(Shift, Result.At.X, Result.At.Y);
+  if (Alive.expired()) return;
+  NotifyWith([&](TGeoMapObserver& Each) { Each.MouseMoved(*this, Shift, Result.At); });
 }
 
 void TGeoMap::MouseUp(TMouseButton Button, TShiftState Shift, int32_t X, int32_t Y) {
   const auto Alive = Life();
   TCustomControl::MouseUp(Button, Shift, X, Y);
+  if (!Alive.expired())
+    NotifyWith([&](TGeoMapObserver& Each) { Each.MouseReleased(*this, Button, Shift, {X, Y}); });
   if (!Alive.expired()) Perform(FMouse.Release(MouseContext(), Button, {X, Y}));
 }
 

@@ -31,6 +31,7 @@ bool TGeoMap::DrawPart(TCanvas& Canvas, const TMapPart& Part) {
   Drawn.Scale = Part.Scale;
   Drawn.Control = {RoundHalfEven(std::ceil(Part.Size.Width / Part.Scale)),
                    RoundHalfEven(std::ceil(Part.Size.Height / Part.Scale))};
+  const TValueGuard Size(*this, FDrawnSize, Drawn.Control);
   Drawn.Visible = true;
   Drawn.OnScreen = false;
   if (Part.Paper) Drawn.Look.ColorBackGnd = clWhite;

@@ -47,6 +47,9 @@ class TControlWindow {
   // Shows the given parts of the buffer (control pixels) on the screen before it returns. Does
   // nothing while the window is hidden.
   virtual void Show(std::span<const TRect> Areas) = 0;
+  // The mouse's shape over the control and what lies in it, as the framework numbers them: 0 is the
+  // ordinary one. Without effect where there is no mouse.
+  virtual void SetCursor(int32_t /*Cursor*/) {}
 };
 
 class TCustomControl : public TComponent {

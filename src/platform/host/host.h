@@ -13,6 +13,7 @@
 #include <platform/host/control.h>
 #include <platform/host/font.h>
 #include <platform/host/printer.h>
+#include <platform/host/widgets.h>
 
 namespace zav {
 
@@ -23,6 +24,10 @@ class THost {
   virtual TFontEngine& Fonts() = 0;
   // Makes the window of a control. Called once by the control's constructor; the control owns it.
   virtual std::unique_ptr<TControlWindow> CreateControlWindow(TCustomControl& Control) = 0;
+  // Makes the panel at the top of a compound control, which owns it.
+  virtual std::unique_ptr<TPanel> CreatePanel(TCustomControl& /*Parent*/, int32_t Height) {
+    return MakeUnseenPanel(Height);
+  }
   // Delivers the application's events, asleep between them, until Done() is true. False when it
   // never will be, because the application ends: whoever waits for the user gives up then. The host
   // and its controls may be destroyed meanwhile.

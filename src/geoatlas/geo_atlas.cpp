@@ -1,0 +1,247 @@
+// geo_atlas.cpp - see geo_atlas.h.
+// SPDX-License-Identifier: MIT
+#include <geoatlas/geo_atlas.h>
+
+#include <algorithm>
+
+#include <geomap/calibration/calib_file.h>
+#include <platform/base/errors.h>
+#include <platform/base/paths.h>
+#include <platform/host/host.h>
+
+namespace zav {
+namespace {
+
+constexpr int32_t ModeGroup = 999;
+constexpr int32_t Button = 26;
+constexpr int32_t Gap = 3;
+constexpr TRect PointerBounds{Gap, Gap, Gap + Button, Gap + Button};
+constexpr TRect ZoomBounds{PointerBounds.Right + Gap, Gap, PointerBounds.Right + Gap + Button,
+                           Gap + Button};
+constexpr TRect ListBounds{ZoomBounds.Right + 10, 5, ZoomBounds.Right + 310, 29};
+
+// Whether a file can be shown: its calibration is found and whole.
+bool HoldsCalibration(const std::string& Path) {
+  TCalibData Data;
+  TCalibModel Model = TCalibModel::cmUndefined;
+  return ParseCalibData(Path, "", Data, Model);
+}
+
+}  // namespace
+
+TGeoAtlas::TGeoAtlas(TComponent* Owner, THost& Host)
+    : TCustomControl(Owner, Host),
+      FOwnMap(std::make_unique<TGeoMap>(nullptr, Host)),
+      FGeoMap(FOwnMap.get()) {
+  Build();
+}
+
+TGeoAtlas::TGeoAtlas(TComponent* Owner, THost& Host, TGeoMap& Map)
+    : TCustomControl(Owner, Host), FGeoMap(&Map) {
+  Build();
+}
+
+TGeoAtlas::~TGeoAtlas() { FGeoMap->RemoveObserver(this); }
+
+void TGeoAtlas::Build() {
+  FCPanel = Host().CreatePanel(*this, PanelHeight);
+  FSBPoint = FCPanel->AddSpeedButton(PointerBounds, TGlyph::gyPointer, "Move the map", ModeGroup);
+  FSBZoom = FCPanel->AddSpeedButton(ZoomBounds, TGlyph::gyZoom, "Go to more and less detailed maps",
+                                    ModeGroup);
+  FCboxMaps = FCPanel->AddComboBox(ListBounds, "Maps");
+  FSBPoint->SetDown(true);
+  FSBPoint->OnClick = [this] { ModeButtonClick(&TGeoAtlas::OnPointerButClick); };
+  FSBZoom->OnClick = [this] { ModeButtonClick(&TGeoAtlas::OnZoomButClick); };
+  FCboxMaps->OnChange = [this] { CBoxMapsChange(); };
+  FGeoMap->AddObserver(this);
+  FGeoMap->SetEmptyMsg("TGeoAtlas: Empty");
+  SetSize(480, 320);
+}
+
+void TGeoAtlas::Resize() {
+  TCustomControl::Resize();
+  PlaceMap();
+}
+
+void TGeoAtlas::PlaceMap() {
+  if (!FOwnMap || !FCPanel) return;
+  const int32_t Panel = FCPanel->Visible() ? FCPanel->Height() : 0;
+  FOwnMap->SetSize(Width(), std::max(Height() - Panel, 0));
+}
+
+// --- maps ----------------------------------------------------------------------------------------
+
+void TGeoAtlas::FillList() {
+  FCboxMaps->Clear();
+  for (int32_t i = 1; i <= FRegister.Count(); ++i) FCboxMaps->Add(FRegister.Title(i));
+}
+
+bool TGeoAtlas::RegisterMap(const std::string& MapFName) {
+  if (!FRegister.Register(MapFName)) return false;
+  FillList();
+  return true;
+}
+
+void TGeoAtlas::UnregisterMap(int32_t Index) {
+  if (!FRegister.Unregister(Index)) return;
+  const int32_t Chosen = FCboxMaps->ItemIndex() + 1;
+  FillList();
+  if (Chosen == Index)
+    SelectMap(Chosen);
+  else
+    FGeoMap->Paint();
+}
+
+bool TGeoAtlas::LoadMap(int32_t Index) {
+  const std::string Path = FRegister.Path(Index);
+  try {
+    if (!HoldsCalibration(Path)) return false;
+    const auto Alive = Life();
+    const bool Complete = FGeoMap->LoadCalDataFromXML(Path, "");
+    if (Alive.expired()) return false;
+    // The files have no word for this model.
+    if (Complete && FGeoMap->CalibModel() == TCalibModel::cmUndefined)
+      FGeoMap->SetCalibModel(TCalibModel::cmParabolicIp);
+    return !Alive.expired();
+  } catch (const EZAVError&) {
+    return false;
+  }
+}
+
+bool TGeoAtlas::SelectMap(int32_t Index) {
+  if (Index < 1 || Index > FRegister.Count()) return false;
+  FCurrentMapIdx = Index;
+  if (!LoadMap(Index)) return false;
+  FCboxMaps->SetItemIndex(Index - 1);
+  return true;
+}
+
+bool TGeoAtlas::ZoomIn(double CurrentLat, double CurrentLong, double CurrentResolution) {
+  return GoTo(FRegister.Finer(CurrentLat, CurrentLong, CurrentResolution, FMinResDiff), CurrentLat,
+              CurrentLong);
+}
+
+bool TGeoAtlas::ZoomOut(double CurrentLat, double CurrentLong, double CurrentResolution) {
+  return GoTo(FRegister.Coarser(CurrentLat, CurrentLong, CurrentResolution), CurrentLat,
+              CurrentLong);
+}
+
+// Paints once, when the position is in the middle.
+bool TGeoAtlas::GoTo(int32_t Index, double Lat, double Long) {
+  if (Index == 0) return false;
+  const auto Alive = Life();
+  const bool Suppressed = FGeoMap->SuppressPaint();
+  FGeoMap->SetSuppressPaint(true);
+  SelectMap(Index);
+  if (Alive.expired()) return true;
+  FGeoMap->BringLocationToCenter(Lat, Long);
+  if (!Alive.expired() && !Suppressed) FGeoMap->SetSuppressPaint(false);
+  return true;
+}
+
+// --- look ----------------------------------------------------------------------------------------
+
+void TGeoAtlas::SetMapOLColor(TColor Color) {
+  FMapOLColor = Color;
+  FGeoMap->Paint();
+}
+
+void TGeoAtlas::SetMapOLVisible(bool Visible) {
+  FMapOLVisible = Visible;
+  FGeoMap->Paint();
+}
+
+void TGeoAtlas::SetCPnlVis(bool Visible) {
+  if (Visible == FCPanel->Visible()) return;
+  FCPanel->SetVisible(Visible);
+  PlaceMap();
+}
+
+void TGeoAtlas::DataRendered(TGeoMap& Map, TCanvas& Canvas) {
+  if (!FMapOLVisible) return;
+  Canvas.Pen = {FMapOLColor};
+  const int32_t Shown = FCboxMaps->ItemIndex() + 1;
+  for (int32_t i = 1; i <= FRegister.Count(); ++i) {
+    if (i == Shown) continue;
+    const auto PixelOf = [&Map](const TCoords& Corner, TPoint& Pixel) {
+      if (!Map.CalcPixelCoords(Corner.Latit, Corner.Longit, Pixel.X, Pixel.Y)) return false;
+      Pixel = Map.MapImageToControl(Pixel);
+      return true;
+    };
+    Canvas.Polyline(MapOutline(FRegister.Definition(i).Corners, PixelOf));
+  }
+}
+
+// --- the panel -----------------------------------------------------------------------------------
+
+void TGeoAtlas::ModeButtonClick(TNotifyEvent TGeoAtlas::*Event) {
+  const bool Zoom = FSBZoom->Down();
+  const auto Alive = Life();
+  FCursor = Zoom ? crGeoZoom : crHandPoint;
+  Window().SetCursor(FCursor);
+  FGeoMap->SetAllowPan(!Zoom);
+  if (!Alive.expired()) Click();
+  if (!Alive.expired()) Fire(Event);
+}
+
+void TGeoAtlas::PressZoomButton() {
+  FSBZoom->SetDown(true);
+  ModeButtonClick(&TGeoAtlas::OnZoomButClick);
+}
+
+void TGeoAtlas::PressPointerButton() {
+  FSBPoint->SetDown(true);
+  ModeButtonClick(&TGeoAtlas::OnPointerButClick);
+}
+
+void TGeoAtlas::ChooseInList(int32_t ItemIndex) {
+  FCboxMaps->SetItemIndex(ItemIndex);
+  CBoxMapsChange();
+}
+
+void TGeoAtlas::CBoxMapsChange() {
+  FCurrentMapIdx = FCboxMaps->ItemIndex() + 1;
+  const auto Alive = Life();
+  LoadMap(FCurrentMapIdx);
+  if (!Alive.expired()) Fire(&TGeoAtlas::OnCBoxMapsChange);
+}
+
+// A handler is called as a copy: it may replace itself or destroy the atlas.
+void TGeoAtlas::Fire(TNotifyEvent TGeoAtlas::*Event) {
+  if (const TNotifyEvent Handler = this->*Event) Handler(this);
+}
+
+void TGeoAtlas::Click() { Fire(&TGeoAtlas::OnClick); }
+
+void TGeoAtlas::DblClick() { Fire(&TGeoAtlas::OnDblClick); }
+
+// --- the embedded map ----------------------------------------------------------------------------
+
+void TGeoAtlas::MousePressed(TGeoMap& Map, TMouseButton Button, TShiftState Shift, TPoint At) {
+  const auto Alive = Life();
+  MouseDown(Button, Shift, At.X, At.Y);
+  if (Alive.expired() || !FSBZoom->Down()) return;
+  const double Lat = Map.GetLastMClickLatitude();
+  const double Long = Map.GetLastMClickLongitude();
+  // The registered value: a map is then neither finer nor coarser than itself by rounding.
+  const double Resolution = FRegister.Definition(FCurrentMapIdx).Resolution;
+  if (Button == TMouseButton::mbLeft)
+    ZoomIn(Lat, Long, Resolution);
+  else
+    ZoomOut(Lat, Long, Resolution);
+}
+
+void TGeoAtlas::MouseMoved(TGeoMap& /*Map*/, TShiftState Shift, TPoint At) {
+  MouseMove(Shift, At.X, At.Y);
+}
+
+void TGeoAtlas::MouseReleased(TGeoMap& /*Map*/, TMouseButton Button, TShiftState Shift, TPoint At) {
+  MouseUp(Button, Shift, At.X, At.Y);
+}
+
+void TGeoAtlas::ImageRequested(TGeoMap& /*Map*/, std::string& FileName) {
+  const std::string Path = FRegister.Path(FCurrentMapIdx);
+  if (!Path.empty()) FileName = DirectoryOf(Path) + StripPath(FileName);
+}
+
+}  // namespace zav

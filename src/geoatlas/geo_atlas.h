@@ -1,0 +1,139 @@
+// geo_atlas.h - one of several maps at a time, and the way from each to the more or less detailed
+// ones that cover a place.
+//
+// A panel at the top holds a pointer button, a zoom button and the list of maps. While the zoom
+// button is down a click with the left button goes to a more detailed map, with any other button to
+// a less detailed one. The outlines of the other maps are drawn over the map.
+//
+// Nothing here throws but what the embedded map throws while it paints; a map that cannot be shown
+// is told by false. Handlers may change or destroy the atlas.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOATLAS_GEO_ATLAS_H
+#define ZAV_GEOATLAS_GEO_ATLAS_H
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <geoatlas/map_register.h>
+#include <geomap/geo_map.h>
+#include <platform/host/control.h>
+#include <platform/host/widgets.h>
+
+namespace zav {
+
+// Cursors of the atlas, for TControlWindow::SetCursor.
+inline constexpr int32_t crGeoZoom = 1000;
+inline constexpr int32_t crGeoHand = 1001;  // for hosts; the atlas does not use it
+inline constexpr int32_t crHandPoint = -21;
+
+class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
+ public:
+  static constexpr int32_t PanelHeight = 33;
+
+  // 480 x 320 control pixels, without maps. The map is made by the atlas and fills what the panel
+  // leaves.
+  TGeoAtlas(TComponent* Owner, THost& Host);
+  // The map is the host's, which places it and lets it outlive the atlas.
+  TGeoAtlas(TComponent* Owner, THost& Host, TGeoMap& Map);
+  ~TGeoAtlas() override;
+
+  // The embedded map. Its event slots are free for the application.
+  TGeoMap& GeoMap() noexcept { return *FGeoMap; }
+  const TGeoMap& GeoMap() const noexcept { return *FGeoMap; }
+
+  // --- maps --------------------------------------------------------------------------------------
+  // Maps are numbered from 1. See TMapRegister for what is registered when. The list is filled
+  // anew, without a choice; the map that is shown stays.
+  bool RegisterMap(const std::string& MapFName);
+  // Does nothing outside 1..GetNumRegMaps(). When the map chosen in the list is removed, the one
+  // that moves into its place is shown; CurrentMapIdx() is not adjusted otherwise.
+  void UnregisterMap(int32_t Index);
+  int32_t GetNumRegMaps() const noexcept { return FRegister.Count(); }
+  TMapDefinition GetMapDef(int32_t Index) const { return FRegister.Definition(Index); }
+  const TMapRegister& Maps() const noexcept { return FRegister; }
+  // The map selected last, 0 for none, also when it could not be loaded.
+  int32_t CurrentMapIdx() const noexcept { return FCurrentMapIdx; }
+  // Shows a map. False outside 1..GetNumRegMaps() and when its file cannot be read.
+  bool SelectMap(int32_t Index);
+
+  // Shows the least step more (less) detailed map that covers a position, which then is in the
+  // middle as far as the map's edge allows. Resolutions are metres per pixel. False, and nothing
+  // changes, when there is none.
+  bool ZoomIn(double CurrentLat, double CurrentLong, double CurrentResolution);
+  bool ZoomOut(double CurrentLat, double CurrentLong, double CurrentResolution);
+  // How much more detailed, in percent, a map must be for ZoomIn. Default 10.
+  double MinResDiff() const noexcept { return FMinResDiff; }
+  void SetMinResDiff(double Percent) noexcept { FMinResDiff = Percent; }
+
+  // --- look --------------------------------------------------------------------------------------
+  // Default blue.
+  TColor MapOutlineColor() const noexcept { return FMapOLColor; }
+  void SetMapOLColor(TColor Color);
+  // Default true.
+  bool MapOutlineVisible() const noexcept { return FMapOLVisible; }
+  void SetMapOLVisible(bool Visible);
+  // Default true.
+  bool GetCPnlVis() const { return FCPanel->Visible(); }
+  void SetCPnlVis(bool Visible);
+
+  // --- the panel ---------------------------------------------------------------------------------
+  // What the user does, done by the program: the events fire.
+  void PressZoomButton();
+  void PressPointerButton();
+  void ChooseInList(int32_t ItemIndex);  // from 0
+  bool ZoomMode() const { return FSBZoom->Down(); }
+  // The line chosen in the list, from 0; -1 for none.
+  int32_t ListItemIndex() const { return FCboxMaps->ItemIndex(); }
+  int32_t Cursor() const noexcept { return FCursor; }
+
+  // Called by the host for a click on the map.
+  void Click();
+  void DblClick();
+
+  // --- events ------------------------------------------------------------------------------------
+  // OnMouseDown, OnMouseMove and OnMouseUp fire with the map's coordinates. OnClick fires for the
+  // buttons of the panel, too.
+  TNotifyEvent OnClick;
+  TNotifyEvent OnDblClick;
+  TNotifyEvent OnZoomButClick;
+  TNotifyEvent OnPointerButClick;
+  TNotifyEvent OnCBoxMapsChange;
+
+ protected:
+  void Resize() override;
+
+ private:
+  void Build();
+  void PlaceMap();
+  void FillList();
+  bool LoadMap(int32_t Index);
+  bool GoTo(int32_t Index, double Lat, double Long);
+  void ModeButtonClick(TNotifyEvent TGeoAtlas::*Event);
+  void CBoxMapsChange();
+  void Fire(TNotifyEvent TGeoAtlas::*Event);
+
+  void MousePressed(TGeoMap& Map, TMouseButton Button, TShiftState Shift, TPoint At) override;
+  void MouseMoved(TGeoMap& Map, TShiftState Shift, TPoint At) override;
+  void MouseReleased(TGeoMap& Map, TMouseButton Button, TShiftState Shift, TPoint At) override;
+  void DataRendered(TGeoMap& Map, TCanvas& Canvas) override;
+  void ImageRequested(TGeoMap& Map, std::string& FileName) override;
+
+  std::unique_ptr<TGeoMap> FOwnMap;
+  TGeoMap* FGeoMap;
+  std::unique_ptr<TPanel> FCPanel;
+  std::unique_ptr<TSpeedButton> FSBPoint;
+  std::unique_ptr<TSpeedButton> FSBZoom;
+  std::unique_ptr<TComboBox> FCboxMaps;
+  TMapRegister FRegister;
+  int32_t FCurrentMapIdx = 0;
+  int32_t FCursor = 0;
+  double FMinResDiff = 10;
+  TColor FMapOLColor = 0xFF0000;
+  bool FMapOLVisible = true;
+};
+
+}  // namespace zav
+
+#endif
