@@ -15,7 +15,8 @@
 #include "viewer_test_support.h"
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+// Of the sanitizer; g++ has it, but no header for it. NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace zav {
