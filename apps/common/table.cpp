@@ -54,6 +54,15 @@ TTable::TTable(const std::string& File) {
   }
   FReader = std::make_unique<TCsvReader>(Standard ? std::cin : *FFile,
                                          Standard ? std::string("standard input") : File);
+  ReadFirst();
+}
+
+TTable::TTable(std::istream& Input, const std::string& Name)
+    : FReader(std::make_unique<TCsvReader>(Input, Name)) {
+  ReadFirst();
+}
+
+void TTable::ReadFirst() {
   if (!FReader->Next(FFirst)) return;
   FHasHeader = true;
   for (const std::string& Field : FFirst.Fields)

@@ -38,6 +38,8 @@ class TTable {
  public:
   // File may be "-" for standard input. Reads the first line. Throws EInOutError.
   explicit TTable(const std::string& File);
+  // Reads from a stream, which must outlive the table; Name is used in messages.
+  TTable(std::istream& Input, const std::string& Name);
   ~TTable();
 
   // Whether the header names the column; false without a header.
@@ -75,6 +77,7 @@ class TTable {
   std::string Place() const;
 
  private:
+  void ReadFirst();
   std::string_view NameOf(size_t Column) const;
 
   std::unique_ptr<std::istream> FFile;  // empty for standard input
