@@ -32,6 +32,7 @@ void AddCommands(TProgram& Program) {
   Program.App.set_version_flag("--version", ZAVGEO_VERSION);
   AddGridCommands(Program);
   AddEllipsoidCommand(Program);
+  AddGeodesyCommands(Program);
   AddCalibrateCommand(Program);
   AddMapCommands(Program);
   AddLandMarkCommands(Program);

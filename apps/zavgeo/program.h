@@ -30,6 +30,7 @@ class EUsageError : public EZAVError {
 
 void AddGridCommands(TProgram& Program);      // utm, ups
 void AddEllipsoidCommand(TProgram& Program);  // ellipsoids
+void AddGeodesyCommands(TProgram& Program);   // cartesian, datum, countries, datums
 void AddCalibrateCommand(TProgram& Program);  // calibrate
 void AddMapCommands(
     TProgram& Program);  // map info, map to-pixel, map to-geo, map render, map shrink
