@@ -3,6 +3,7 @@
 #include "common/free_captions.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <geomap/landmarks/caption_drawing.h>
 #include <geomap/landmarks/symbol_drawing.h>
@@ -21,7 +22,20 @@ bool Overlap(const TRect& A, const TRect& B) noexcept {
 
 int64_t CellOf(int32_t Column, int32_t Row) noexcept { return int64_t{Column} * 1000003 + Row; }
 
+// Degrees that two positions may differ and be the same place of a map.
+constexpr double FarthestOff = 5;
+
 }  // namespace
+
+bool IsPlacedRight(const TCalibration& Calibration, double Lat, double Long) {
+  double X = 0;
+  double Y = 0;
+  TCoords Back;
+  if (!Calibration.ToPixel(Lat, Long, X, Y) || !Calibration.ToGeo(X, Y, Back)) return false;
+  const double East = std::remainder(Back.Longit - Long, 360);
+  return std::fabs(Back.Latit - Lat) < FarthestOff &&
+         (std::fabs(East) < FarthestOff || std::fabs(Lat) > 90 - FarthestOff);
+}
 
 TFreeCaptions::~TFreeCaptions() { Detach(); }
 
@@ -39,7 +53,7 @@ void TFreeCaptions::SetCaptions(TCaptions Captions) {
 
 void TFreeCaptions::Update() {
   const int32_t Count = FMap.NumLandMarks();
-  if (FCaptions == TCaptions::All || Count == 0 || Count > MostLandMarks) return Detach();
+  if (Count == 0 || Count > MostLandMarks) return Detach();
   if (FAttached) return;
   FAttached = true;
   FMap.OnBeforeRenderData = [this](TGeoMap*, TCanvas&) { FTaken.clear(); };
@@ -52,13 +66,15 @@ void TFreeCaptions::Update() {
 bool TFreeCaptions::Draw(TCanvas& Canvas, TPoint Position, const TLandMark& LandMark) {
   const bool Inside =
       Position.X > 0 && Position.Y > 0 && Position.X < FMap.Width() && Position.Y < FMap.Height();
-  if (!Inside || LandMark.Caption.Text.View().empty()) return false;
-  const int32_t HighLight = FMap.HighLightLandMark();
-  if (HighLight != 0 && LandMark == FMap.LandMarks()[HighLight]) return false;
+  if (!Inside) return false;
+  if (!IsPlacedRight(FMap.Calibration(), LandMark.Latitude, LandMark.Longitude)) return true;
+  if (FCaptions == TCaptions::All || LandMark.Caption.Text.View().empty()) return false;
   if (FCaptions == TCaptions::Free) {
     const TCaptionPlace Place = PlaceCaption(Canvas, Position, LandMark.Caption);
     if (Take(CaptionBox(Place, LandMark.Caption.Direction))) return false;
   }
+  const int32_t HighLight = FMap.HighLightLandMark();
+  if (HighLight != 0 && LandMark == FMap.LandMarks()[HighLight]) return false;
   Canvas.Pen = {};
   Canvas.Brush = {};
   DrawLandMarkSymbolOnCanvas(Canvas, Position.X, Position.Y, LandMark.SymbolProps);

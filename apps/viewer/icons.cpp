@@ -170,6 +170,52 @@ void AddSquiggle(QPainterPath& Path) {
   Path.cubicTo(21, 13, 18, 8, 21, 4);
 }
 
+// A pin on the map.
+void AddPin(QPainterPath& Path, QPointF Foot, double Size) {
+  const QPointF Head = Foot - QPointF(0, 1.6 * Size);
+  Path.moveTo(Foot);
+  Path.cubicTo(Foot + QPointF(-0.3 * Size, -0.7 * Size), Head + QPointF(-Size, 0.6 * Size),
+               Head + QPointF(-0.9 * Size, 0));
+  Path.arcTo(QRectF(Head.x() - 0.9 * Size, Head.y() - 0.9 * Size, 1.8 * Size, 1.8 * Size), 180,
+             -180);
+  Path.cubicTo(Head + QPointF(Size, 0.6 * Size), Foot + QPointF(0.3 * Size, -0.7 * Size), Foot);
+  Path.addEllipse(Head, 0.3 * Size, 0.3 * Size);
+}
+
+void AddX(QPainterPath& Path, QPointF Middle, double Arm) {
+  AddPolyline(Path, {Middle - QPointF(Arm, Arm), Middle + QPointF(Arm, Arm)});
+  AddPolyline(Path, {Middle + QPointF(-Arm, Arm), Middle + QPointF(Arm, -Arm)});
+}
+
+void AddLandmarkIcon(QPainterPath& Path, ViewerIcon Icon) {
+  switch (Icon) {
+    case ViewerIcon::LandmarkSelect:
+      Path.addPolygon(QPolygonF{
+          {6, 3}, {6, 18}, {10, 14.5}, {12.5, 20.5}, {15, 19.5}, {12.6, 13.6}, {18, 13.2}, {6, 3}});
+      break;
+    case ViewerIcon::LandmarkAdd:
+      AddPin(Path, {9, 21}, 7);
+      AddPolyline(Path, {{19, 14}, {19, 22}});
+      AddPolyline(Path, {{15, 18}, {23, 18}});
+      break;
+    case ViewerIcon::LandmarkDelete:
+      AddPin(Path, {9, 21}, 7);
+      AddX(Path, {19, 18}, 3);
+      break;
+    case ViewerIcon::LandmarkDeleteCircle:
+      Path.addEllipse(QRectF(3, 3, 18, 18));
+      AddX(Path, {12, 12}, 3.5);
+      break;
+    case ViewerIcon::LandmarkDeleteRectangle:
+      Path.addRect(QRectF(3, 5, 18, 14));
+      AddX(Path, {12, 12}, 3.5);
+      break;
+    default:
+      AddPin(Path, {12, 21.5}, 7.5);
+      break;
+  }
+}
+
 void AddTool(QPainterPath& Path, ViewerIcon Icon) {
   switch (Icon) {
     case ViewerIcon::Pan:
@@ -200,6 +246,7 @@ void AddTool(QPainterPath& Path, ViewerIcon Icon) {
       AddSquiggle(Path);
       break;
     default:
+      AddLandmarkIcon(Path, Icon);
       break;
   }
 }

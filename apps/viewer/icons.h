@@ -33,6 +33,12 @@ enum class ViewerIcon {
   Measure,
   SelectRect,
   Trace,
+  Landmark,
+  LandmarkSelect,
+  LandmarkAdd,
+  LandmarkDelete,
+  LandmarkDeleteCircle,
+  LandmarkDeleteRectangle,
   Application,  // in colours of its own
 };
 

@@ -29,6 +29,8 @@
 #include "calibration_workbench.h"
 #include "export_menu.h"
 #include "graticule_menu.h"
+#include "landmark_menu.h"
+#include "landmark_workbench.h"
 #include "message_bar.h"
 #include "readout_button.h"
 #include "recent_files.h"
@@ -59,10 +61,11 @@ QString MainWindow::message() const { return FMessage->text(); }
 
 // --- opening
 
-QString MainWindow::openAll(const QStringList& Paths) {
-  if (Paths.isEmpty()) return {};
+QString MainWindow::openAll(const QStringList& Files) {
   QList<MapSource> Sources;
   QString Problem;
+  const QStringList Paths = openLandmarks(Files, Problem);
+  if (Paths.isEmpty()) return Problem;
   bool Folder = false;
   for (const QString& Path : Paths) {
     if (QFileInfo(Path).isDir()) {
@@ -292,8 +295,9 @@ void MainWindow::dropEvent(QDropEvent* Event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* Event) {
-  if (!FCalibration->letGo()) return Event->ignore();
+  if (!FCalibration->letGo() || !FLandmarks->letGo()) return Event->ignore();
   FCalibration->dock().hide();  // its graticule goes with it
+  FLandmarks->dock().hide();
   if (FSettings != nullptr) {
     FSettings->setValue("window/geometry", saveGeometry());
     FSettings->setValue("window/state", saveState(LayoutVersion));
@@ -301,6 +305,7 @@ void MainWindow::closeEvent(QCloseEvent* Event) {
     FView->save(*FSettings);
     FGraticule->save(*FSettings);
     FCalibrationMenu->save(*FSettings);
+    FLandmarkMenu->save(*FSettings);
   }
   QMainWindow::closeEvent(Event);
 }

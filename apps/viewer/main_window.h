@@ -29,6 +29,8 @@ class CalibrationWorkbench;
 class ExportMenu;
 class GeoMapWidget;
 class GraticuleMenu;
+class LandmarkMenu;
+class LandmarkWorkbench;
 class MessageBar;
 class ReadoutButton;
 class TGeoMap;
@@ -56,6 +58,7 @@ class MainWindow final : public QMainWindow {
   QString message() const;
   CalibrationWorkbench& calibration() { return *FCalibration; }
   ToolMenu& tools() { return *FTools; }
+  LandmarkWorkbench& landmarks() { return *FLandmarks; }
 
  protected:
   void closeEvent(QCloseEvent* Event) override;
@@ -73,6 +76,9 @@ class MainWindow final : public QMainWindow {
   void makeCalibration(QMenu& File, QMenu& Edit);
   void makeExport(QMenu& File, QMenu& Edit);
   void makeTools();
+  void makeLandmarks(QMenu& File, QMenu& Edit);
+  void restoreLandmarks();
+  QStringList openLandmarks(const QStringList& Paths, QString& Problem);
   void fillRecentMenu();
   void restore();
 
@@ -109,6 +115,8 @@ class MainWindow final : public QMainWindow {
   QMenu* FRecent = nullptr;
   ExportMenu* FExport = nullptr;
   ToolMenu* FTools = nullptr;
+  LandmarkWorkbench* FLandmarks = nullptr;
+  LandmarkMenu* FLandmarkMenu = nullptr;
   QAction* FCopy = nullptr;
   QAction* FCopyPixel = nullptr;
   ReadoutButton* FReadout = nullptr;

@@ -11,6 +11,8 @@
 #include "calibration_menu.h"
 #include "calibration_workbench.h"
 #include "graticule_menu.h"
+#include "landmark_menu.h"
+#include "landmark_workbench.h"
 #include "main_window.h"
 #include "message_bar.h"
 #include "readout_button.h"
@@ -20,6 +22,8 @@ namespace zav {
 
 // What is told of a change must not find a window that is half gone.
 MainWindow::~MainWindow() {
+  delete FLandmarkMenu;
+  delete FLandmarks;
   delete FCalibrationMenu;
   delete FCalibration;
 }

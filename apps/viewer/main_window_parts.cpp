@@ -23,6 +23,7 @@
 #include "calibration_workbench.h"
 #include "graticule_menu.h"
 #include "icons.h"
+#include "landmark_menu.h"
 #include "main_window.h"
 #include "message_bar.h"
 #include "readout_button.h"
@@ -176,6 +177,8 @@ void MainWindow::makeMenus() {
   Bar->addWidget(Graticule);
   Bar->addAction(FCalibrationMenu->calibrate());
   makeTools();
+  makeLandmarks(*File, *Edit);
+  Bar->addAction(FLandmarkMenu->editLandmarks());
 }
 
 void MainWindow::restore() {
@@ -189,6 +192,7 @@ void MainWindow::restore() {
   FView->load(*FSettings);
   FGraticule->load(*FSettings);
   FCalibrationMenu->load(*FSettings);
+  restoreLandmarks();
 }
 
 void MainWindow::fillRecentMenu() {
