@@ -36,6 +36,7 @@ void AddCommands(TProgram& Program) {
   AddCalibrateCommand(Program);
   AddMapCommands(Program);
   AddLandMarkCommands(Program);
+  AddDbCommands(Program);
 }
 
 int RunProgram(int Count, char** Arguments) {

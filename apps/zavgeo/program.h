@@ -35,6 +35,7 @@ void AddCalibrateCommand(TProgram& Program);  // calibrate
 void AddMapCommands(
     TProgram& Program);  // map info, map to-pixel, map to-geo, map render, map shrink
 void AddLandMarkCommands(TProgram& Program);  // landmarks list, landmarks import
+void AddDbCommands(TProgram& Program);        // db create, import, find and the others
 void AddRenderCommand(TProgram& Program, CLI::App& Map);
 void AddShrinkCommand(TProgram& Program, CLI::App& Map);
 

@@ -107,6 +107,13 @@ void TGeoDB::SetRevision(int32_t Revision) {
   PutHeader("SetRevision", Header);
 }
 
+void TGeoDB::SkipToItemID(int32_t ItemID) {
+  if (!IsOpen() || ItemID <= 1 || ItemID - 1 <= GetHighestID()) return;
+  TgdbSystemData Header = FStore->Header();
+  Header.HighestID = ItemID - 1;
+  PutHeader("SkipToItemID", Header);
+}
+
 // ---- Groups of changes --------------------------------------------------------------------------
 
 void TGeoDB::BeginUpdate() {

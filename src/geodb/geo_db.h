@@ -100,6 +100,9 @@ class TGeoDB : public TComponent {
   void SetRevision(int32_t Revision);
   int32_t GetDBVersion() const noexcept;
   int32_t GetHighestID() const noexcept;
+  // The next item that is added gets this identifier, as when items of another database are taken
+  // over; the ones below are used up. Nothing when it, or a higher one, was given before.
+  void SkipToItemID(int32_t ItemID);
 
   // ---- Items ---------------------------------------------------------------------------------
 
