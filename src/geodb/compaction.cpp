@@ -75,8 +75,6 @@ void TGdbStore::Compact(const std::function<void(int32_t)>& Report) {
     ArmState(TJournalKind::Replacing, true);
     PutNewFilesInPlace();
     Load(FNames.Records);
-    FRecordStamp = FRecordFile.Stamp();
-    FDataStamp = FDataFile.Stamp();
     RightenIndexes();
     for (size_t i = 0; i < IndexCount && !Lazy; ++i) WriteIndexChanges(i);
     SyncFiles();
@@ -134,6 +132,8 @@ void TGdbStore::PutNewFilesInPlace() {
     *File = std::move(Next);
     File->Renamed(Old);
   }
+  FRecordStamp = FRecordFile.Stamp();
+  FDataStamp = FDataFile.Stamp();
   FileOps().SyncFolder(DirectoryOf(FNames.Base));
 }
 

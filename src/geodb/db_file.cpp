@@ -9,6 +9,7 @@
 #include <chrono>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include <platform/base/errors.h>
 
@@ -91,6 +92,12 @@ void TDbFile::Truncate(int64_t Size) {
 
 void TDbFile::Sync() {
   if (const int Error = FileOps().Sync(FHandle); Error != 0) Fail(Error);
+}
+
+void TDbFile::SyncAll(std::span<TDbFile* const> Files) {
+  std::vector<int> Handles;
+  for (const TDbFile* File : Files) Handles.push_back(File->FHandle);
+  if (const int Error = FileOps().SyncAll(Handles); Error != 0) Files.front()->Fail(Error);
 }
 
 bool TDbFile::TryLock(TFileLock Kind) {

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include <platform/base/file_ops.h>
@@ -61,6 +62,8 @@ class TDbFile {
   void WriteAt(int64_t Offset, const void* Data, size_t Size);
   void Truncate(int64_t Size);
   void Sync();
+  // The same for several open files at once.
+  static void SyncAll(std::span<TDbFile* const> Files);
   // False when another handle holds a lock that is in the way.
   bool TryLock(TFileLock Kind);
   // Waits up to ten seconds.

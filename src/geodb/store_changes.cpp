@@ -54,7 +54,8 @@ void TGdbStore::OpenForWriting() {
 // ---- One change ---------------------------------------------------------------------------------
 
 void TGdbStore::BeginChange(std::initializer_list<int32_t> Positions) {
-  EnsureWriter();
+  // A group looks for other programs at its first change and when it is committed.
+  if (!FInGroup || !FWriter || FBroken) EnsureWriter();
   if (FInGroup) {
     if (FGroupBroken) throw TGdbRefused("the update has failed and can only be rolled back.");
     return;
@@ -95,8 +96,8 @@ void TGdbStore::CommitChange() {
     for (size_t i = 0; i < IndexCount; ++i) WriteIndexChanges(i);
   }
   if (FJournal.HasEntries()) {
-    FDataFile.Sync();
-    FRecordFile.Sync();
+    TDbFile* const Files[] = {&FDataFile, &FRecordFile};
+    TDbFile::SyncAll(Files);
   }
   FUnsynced = true;
   FinishChange();
@@ -441,9 +442,9 @@ void TGdbStore::Flush() {
 }
 
 void TGdbStore::SyncFiles() {
-  FDataFile.Sync();
-  FRecordFile.Sync();
-  for (TDbFile& File : FIndexFiles) File.Sync();
+  std::vector<TDbFile*> Files = {&FDataFile, &FRecordFile};
+  for (TDbFile& File : FIndexFiles) Files.push_back(&File);
+  TDbFile::SyncAll(Files);
   FUnsynced = false;
 }
 

@@ -7,9 +7,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <exception>
+#include <thread>
+#include <vector>
 
 namespace zav {
 namespace {
@@ -42,6 +46,25 @@ class TPosixFileOps final : public TFileOps {
   }
 
   int Sync(int Handle) override { return ::fsync(Handle) == 0 ? 0 : errno; }
+  // A disk takes the same time for one file as for all that are asked for meanwhile, so each has a
+  // thread that waits.
+  int SyncAll(std::span<const int> Handles) override {
+    std::atomic<int> error{0};
+    const auto sync = [&](int handle) {
+      if (const int failed = Sync(handle); failed != 0) error = failed;
+    };
+    std::vector<std::thread> threads;
+    size_t started = 0;
+    try {
+      threads.reserve(Handles.size());
+      for (; started + 1 < Handles.size(); ++started) threads.emplace_back(sync, Handles[started]);
+    } catch (const std::exception&) {
+      // No more threads: the rest one after the other.
+    }
+    for (; started < Handles.size(); ++started) sync(Handles[started]);
+    for (std::thread& thread : threads) thread.join();
+    return error;
+  }
   int Close(int Handle) override { return ::close(Handle) == 0 ? 0 : errno; }
   int Remove(const std::string& Path) override { return ::unlink(Path.c_str()) == 0 ? 0 : errno; }
   int Rename(const std::string& From, const std::string& To) override {
@@ -100,6 +123,13 @@ class TPosixFileOps final : public TFileOps {
 thread_local TFileOps* CurrentOps = nullptr;
 
 }  // namespace
+
+int TFileOps::SyncAll(std::span<const int> Handles) {
+  for (const int handle : Handles) {
+    if (const int error = Sync(handle); error != 0) return error;
+  }
+  return 0;
+}
 
 TFileOps& SystemFileOps() noexcept {
   static TPosixFileOps ops;

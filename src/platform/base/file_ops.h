@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace zav {
@@ -26,6 +27,8 @@ class TFileOps {
   virtual int Write(int Handle, const void* Data, size_t Size) = 0;
   // Returns when everything written is on the disk.
   virtual int Sync(int Handle) = 0;
+  // The same for several files at once, which takes little longer than one.
+  virtual int SyncAll(std::span<const int> Handles);
   virtual int Close(int Handle) = 0;
   // Puts From in the place of To, in one step.
   virtual int Rename(const std::string& From, const std::string& To) = 0;
