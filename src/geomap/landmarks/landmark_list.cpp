@@ -53,8 +53,17 @@ void TLandMarkList::RemoveMarked(std::vector<bool>& Marked) {
   int32_t Low = 1;
   while (Low <= FCount && !IsMarked(Low)) ++Low;
   if (Low > FCount) return;
-  // From the first one that goes on every block may change.
-  for (size_t Block = BlockOf(Low); Block <= BlockOf(FCount); ++Block) Own(Block);
+  const auto Stays =
+      FCount - static_cast<int32_t>(std::count(Marked.begin(), Marked.begin() + FCount, true));
+  if (Stays == 0) return Clear();
+  // Blocks that lose or get records must be own ones; the others stay shared.
+  for (size_t Block = BlockOf(Low); Block <= BlockOf(FCount); ++Block) {
+    const auto First = static_cast<ptrdiff_t>(Block * BlockSize);
+    const auto End = std::min<ptrdiff_t>(First + BlockSize, FCount);
+    if (End > Stays || std::count(Marked.begin() + First, Marked.begin() + End, true) > 0) {
+      Own(Block);
+    }
+  }
   int32_t High = FCount;
   for (;;) {
     while (Low <= FCount && !IsMarked(Low)) ++Low;

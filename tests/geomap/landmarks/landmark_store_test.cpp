@@ -225,6 +225,29 @@ TEST(LandMarkStore, OrderAfterRemovingManyOfMany) {
   }
 }
 
+// Steps of undo and pictures keep copies of a list: what a removal leaves alone must stay shared.
+TEST(LandMarkStore, RemovingAFewCopiesTheirBlocksOnly) {
+  TLandMarkList List;
+  for (int32_t I = 1; I <= 5500; ++I) {
+    TLandMark LandMark;
+    LandMark.Tag = I;
+    List.Append(LandMark);
+  }
+  const TLandMarkList Before = List;
+  std::vector<bool> Marked(5500, false);
+  Marked[1200] = Marked[1201] = Marked[3999] = true;
+  List.RemoveMarked(Marked);
+  ASSERT_EQ(List.Count(), 5497);
+  EXPECT_EQ(List[1201].Tag, 5500);
+  EXPECT_EQ(List[1202].Tag, 5499);
+  EXPECT_EQ(List[4000].Tag, 5498);
+  for (size_t Block = 0; Block < 6; ++Block) {
+    const bool Changed = Block == 1 || Block == 3 || Block == 5;
+    EXPECT_EQ(List.Block(Block) != Before.Block(Block), Changed) << Block;
+  }
+  for (int32_t I = 1; I <= 5500; ++I) ASSERT_EQ(Before[I].Tag, I);
+}
+
 TEST(LandMarkStore, QuestionsMayChangeTheStore) {
   TLandMarkStore Store = Line(1500);
   // What is added and replaced while it is asked counts at once; what is added stays.
