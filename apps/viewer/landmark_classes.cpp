@@ -30,12 +30,12 @@ LandmarkClasses::LandmarkClasses(LandmarkDocument& Document, TGeoMap& Map, QWidg
   FList->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
   FList->header()->setStretchLastSection(false);
   auto* All = new QPushButton(tr("Show &All"), this);
-  FOnly = new QPushButton(tr("Show &Only This"), this);
-  FLook = new QPushButton(tr("Give &Look"), this);
+  FOnly = new QPushButton(tr("Show Onl&y This"), this);
+  FLook = new QPushButton(tr("Give Loo&k"), this);
   FLook->setToolTip(
       tr("All landmarks of the class get the symbol and caption style of the selected landmark, or "
          "of new ones"));
-  FRemove = new QPushButton(tr("&Delete Class"), this);
+  FRemove = new QPushButton(tr("Delete Cla&ss"), this);
   auto* Buttons = new QGridLayout;
   Buttons->addWidget(All, 0, 0);
   Buttons->addWidget(FOnly, 0, 1);

@@ -32,7 +32,7 @@ LandmarkDock::LandmarkDock(LandmarkDocument& Document, TGeoMap& Map, QWidget* Pa
       FClasses(new LandmarkClasses(Document, Map, this)),
       FHint(new QLabel(this)) {
   setObjectName(QStringLiteral("landmarks"));
-  FPanel->addTab(FClasses, tr("Class&es"));
+  FPanel->addTab(FClasses, tr("Classes"));
   auto* Content = new QWidget(this);
   auto* Layout = new QVBoxLayout(Content);
   Layout->setContentsMargins(6, 4, 6, 6);

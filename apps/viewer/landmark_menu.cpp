@@ -64,8 +64,8 @@ LandmarkMenu::LandmarkMenu(LandmarkWorkbench& Workbench, GeoMapWidget& Widget, Q
   FEdit = Workbench.dock().toggleViewAction();
   FEdit->setText(tr("&Edit Landmarks"));
   FEdit->setIcon(MakeIcon(ViewerIcon::Landmark));
-  FEdit->setShortcut(Qt::Key_F7);
-  FEdit->setToolTip(tr("Place, find and change landmarks (F7)"));
+  FEdit->setShortcut(Qt::Key_F6);
+  FEdit->setToolTip(tr("Place, find and change landmarks (F6)"));
   addAction(FEdit);
   connect(FEdit, &QAction::toggled, this, &LandmarkMenu::setEditing);
   addFiles();
@@ -205,6 +205,8 @@ void LandmarkMenu::addHintTo(QStatusBar& Bar) {
   // What does not fit is cut off instead of widening the window.
   FHint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Bar.insertWidget(0, FHint, 3);
+  FStatus = &Bar;
+  connect(&Bar, &QStatusBar::messageChanged, this, &LandmarkMenu::updateHint);
   updateHint();
 }
 
@@ -220,7 +222,8 @@ void LandmarkMenu::updateHint() {
   const QString Text = tr(RowOf(FWorkbench.tool().mode()).Hint);
   FHint->setText(Text);
   FHint->setToolTip(Text);
-  FHint->setVisible(FWorkbench.tool().hasMouse());
+  // A message takes its place for a while.
+  if (FStatus->currentMessage().isEmpty()) FHint->setVisible(FWorkbench.tool().hasMouse());
 }
 
 void LandmarkMenu::update() {

@@ -67,6 +67,7 @@ class LandmarkMenu final : public QMenu {
   QAction* FRemoveAll = nullptr;
   QList<QAction*> FMine;    // shown while landmarks are edited
   QList<QAction*> FOthers;  // hidden meanwhile
+  QStatusBar* FStatus = nullptr;
   QLabel* FHint = nullptr;
 };
 

@@ -7,6 +7,10 @@
 
 namespace zav {
 
+namespace {
+constexpr double RingRadius = 12;
+}  // namespace
+
 LandmarkOverlay::LandmarkOverlay(QWidget& Widget) : QWidget(&Widget) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
@@ -16,8 +20,16 @@ LandmarkOverlay::LandmarkOverlay(QWidget& Widget) : QWidget(&Widget) {
 }
 
 void LandmarkOverlay::setShape(const QPolygonF& Shape) {
+  if (FShape == Shape) return;
   FShape = Shape;
-  setVisible(!Shape.isEmpty());
+  setVisible(FRing || !FShape.isEmpty());
+  update();
+}
+
+void LandmarkOverlay::setRing(const std::optional<QPointF>& Middle) {
+  if (FRing == Middle) return;
+  FRing = Middle;
+  setVisible(FRing || !FShape.isEmpty());
   update();
 }
 
@@ -29,6 +41,14 @@ bool LandmarkOverlay::eventFilter(QObject* Watched, QEvent* Event) {
 void LandmarkOverlay::paintEvent(QPaintEvent*) {
   QPainter Painter(this);
   Painter.setRenderHint(QPainter::Antialiasing);
+  if (FRing) {
+    Painter.setBrush(Qt::NoBrush);
+    Painter.setPen(QPen(Qt::white, 4));
+    Painter.drawEllipse(*FRing, RingRadius, RingRadius);
+    Painter.setPen(QPen(QColor(0x00, 0x60, 0xd0), 2));
+    Painter.drawEllipse(*FRing, RingRadius, RingRadius);
+  }
+  if (FShape.isEmpty()) return;
   Painter.setBrush(QColor(0xd0, 0x10, 0x10, 40));
   Painter.setPen(QPen(Qt::white, 3));
   Painter.drawPolygon(FShape);

@@ -1,8 +1,12 @@
-// landmark_overlay.h - the shape in which landmarks are going to be deleted, drawn over the map.
+// landmark_overlay.h - a ring about the selected landmark, and the shape in which landmarks are
+// going to be deleted, drawn over the map in the window. They are no part of the map.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_LANDMARK_OVERLAY_H
 #define ZAV_APPS_VIEWER_LANDMARK_OVERLAY_H
 
+#include <optional>
+
+#include <QPointF>
 #include <QPolygonF>
 #include <QWidget>
 
@@ -15,8 +19,9 @@ class LandmarkOverlay final : public QWidget {
   // Lies over the widget, which owns it. Lets the mouse through.
   explicit LandmarkOverlay(QWidget& Widget);
 
-  // In control pixels; an empty one hides it.
+  // Both in control pixels.
   void setShape(const QPolygonF& Shape);
+  void setRing(const std::optional<QPointF>& Middle);
 
  protected:
   bool eventFilter(QObject* Watched, QEvent* Event) override;
@@ -24,6 +29,7 @@ class LandmarkOverlay final : public QWidget {
 
  private:
   QPolygonF FShape;
+  std::optional<QPointF> FRing;
 };
 
 }  // namespace zav

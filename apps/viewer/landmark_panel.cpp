@@ -59,9 +59,9 @@ QString StorePosition(TLandMark& LandMark, const QString& Text) {
 }  // namespace
 
 LandmarkPanel::LandmarkPanel(LandmarkPalette& Palette, QWidget* Parent) : QTabWidget(Parent) {
-  addTab(makeLandmarkPage(), tr("&Landmark"));
+  addTab(makeLandmarkPage(), tr("Lan&dmark"));
   addTab(makeSymbolPage(Palette), tr("Sym&bol"));
-  addTab(makeCaptionPage(), tr("Ca&ption"));
+  addTab(makeCaptionPage(), tr("Capti&on"));
 }
 
 // --- pages
@@ -73,7 +73,7 @@ QWidget* LandmarkPanel::makeLandmarkPage() {
   FTitle->setWordWrap(true);
   Layout->addRow(FTitle);
   FCaption = addText(
-      *Layout, tr("&Caption:"), tr("Caption"),
+      *Layout, tr("Captio&n:"), tr("Caption"),
       [](const TLandMark& LandMark) { return LoadField(LandMark, TLandMarkField::lfName); },
       [](TLandMark& LandMark, const QString& Text) {
         return StoreField(LandMark, TLandMarkField::lfName, Text);
@@ -92,9 +92,9 @@ QWidget* LandmarkPanel::makeLandmarkPage() {
   const struct {
     QString Label, Name;
     TLandMarkField Field;
-  } Texts[] = {{tr("I&dentifier:"), tr("Identifier"), TLandMarkField::lfId},
+  } Texts[] = {{tr("&Identifier:"), tr("Identifier"), TLandMarkField::lfId},
                {tr("&Altitude:"), tr("Altitude"), TLandMarkField::lfAltitude},
-               {tr("&Time:"), tr("Time"), TLandMarkField::lfTime}};
+               {tr("Ti&me:"), tr("Time"), TLandMarkField::lfTime}};
   for (const auto& Each : Texts) {
     const TLandMarkField Field = Each.Field;
     QLineEdit* Edit = addText(
@@ -107,7 +107,7 @@ QWidget* LandmarkPanel::makeLandmarkPage() {
         false);
     if (Field == TLandMarkField::lfTime) Edit->setPlaceholderText(tr("2024-02-29 13:45"));
   }
-  Layout->addRow(tr("Ta&g:"),
+  Layout->addRow(tr("Tag:"),
                  addNumber(
                      tr("Tag"), Least, Most, [](const TLandMark& LandMark) { return LandMark.Tag; },
                      [](TLandMark& LandMark, int Value) { LandMark.Tag = Value; }));
@@ -154,7 +154,7 @@ QWidget* LandmarkPanel::makeCaptionPage() {
              [&](TLandMark& LandMark) { LandMark.Caption.FontName = FromQString(Name); });
     emit finished();
   });
-  Layout->addRow(tr("&Font:"), Font);
+  Layout->addRow(tr("Fo&nt:"), Font);
   const auto Number = [this](const QString& Name, int Low, int High,
                              int32_t TLMTextProperties::*Field) {
     return addNumber(
@@ -163,7 +163,7 @@ QWidget* LandmarkPanel::makeCaptionPage() {
   };
   Layout->addRow(tr("Si&ze:"), Number(tr("Size of the caption"), 1, 200, &TLMTextProperties::Size));
   addStyles(*Layout);
-  auto* Ground = new QCheckBox(tr("&Ground"), Page);
+  auto* Ground = new QCheckBox(tr("Gro&und"), Page);
   FLoaders.emplace_back([this, Ground] { Ground->setChecked(!FShown.Caption.Transparent); });
   connect(Ground, &QCheckBox::clicked, this, [this](bool On) {
     change(tr("caption"), [&](TLandMark& LandMark) { LandMark.Caption.Transparent = !On; });
@@ -184,7 +184,7 @@ QWidget* LandmarkPanel::makeCaptionPage() {
       Number(tr("Direction of the caption"), -360, 360, &TLMTextProperties::Direction);
   Direction->setSuffix(tr("\302\260"));
   Direction->setToolTip(tr("Degrees, counter-clockwise"));
-  Layout->addRow(tr("T&urned:"), Direction);
+  Layout->addRow(tr("Tu&rned:"), Direction);
   return Page;
 }
 

@@ -116,7 +116,7 @@ SymbolEditor::SymbolEditor(QWidget* Parent)
     const TSymbolProperties Sample{Kind, 6, clBlack, clWhite, false, 45, 8};
     FShape->addItem(SymbolIcon(Sample, 20), ShapeName(Kind));
   }
-  Layout->addRow(tr("S&hape:"), FShape);
+  Layout->addRow(tr("Sha&pe:"), FShape);
   FSize = addNumber(tr("Size"), 0, 500, &TSymbolProperties::Size);
   Layout->addRow(tr("Si&ze:"), FSize);
   auto* Colors = new QHBoxLayout;
@@ -127,10 +127,10 @@ SymbolEditor::SymbolEditor(QWidget* Parent)
   FDirection = addNumber(tr("Direction"), -360, 360, &TSymbolProperties::Direction);
   FDirection->setSuffix(tr("\302\260"));
   FDirection->setToolTip(tr("Degrees from up to the right: of arrows and triangles"));
-  Layout->addRow(tr("Dire&ction:"), FDirection);
+  Layout->addRow(tr("Di&rection:"), FDirection);
   FLength = addNumber(tr("Length"), 0, 2000, &TSymbolProperties::Length);
   FLength->setToolTip(tr("Of arrows"));
-  Layout->addRow(tr("Len&gth:"), FLength);
+  Layout->addRow(tr("Le&ngth:"), FLength);
 
   connect(FShape, &QComboBox::activated, this,
           [this](int Row) { change([&] { FSymbol.Kind = static_cast<TLandMarkElement>(Row); }); });

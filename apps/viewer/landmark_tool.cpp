@@ -68,6 +68,9 @@ LandmarkTool::LandmarkTool(GeoMapWidget& Widget, LandmarkDocument& Document, QOb
   connect(&Widget, &GeoMapWidget::clicked, this, &LandmarkTool::click);
   connect(&Widget, &GeoMapWidget::settingsChanged, this, &LandmarkTool::updateCursor);
   connect(&Widget, &GeoMapWidget::mapChanged, this, &LandmarkTool::abort);
+  connect(&Widget, &GeoMapWidget::viewChanged, this, &LandmarkTool::updateRing);
+  connect(&Widget, &GeoMapWidget::calibrationChanged, this, &LandmarkTool::updateRing);
+  connect(&Document, &LandmarkDocument::changed, this, &LandmarkTool::updateRing);
 }
 
 void LandmarkTool::setActive(bool Active) {
@@ -75,6 +78,7 @@ void LandmarkTool::setActive(bool Active) {
   if (!Active) abort();
   FActive = Active;
   updateCursor();
+  updateRing();
   emit activeChanged(Active);
 }
 
@@ -99,6 +103,7 @@ void LandmarkTool::select(int Landmark) {
   if (FSelected == Landmark) return;
   FDocument.endMerge();
   FSelected = Landmark;
+  updateRing();
   emit selectionChanged(Landmark);
 }
 
@@ -347,6 +352,18 @@ void LandmarkTool::removeVisible(const QString& Text,
     return Map.GetClassVisibility(Each.ClassFlag) && Inside(Each);
   });
   emit done(tr("Deleted %n landmark(s)", nullptr, Count));
+}
+
+// So that even a small symbol is found again.
+void LandmarkTool::updateRing() {
+  std::optional<QPointF> Middle;
+  if (FActive && FDocument.has(FSelected)) {
+    const TLandMark& Shown = FDocument.list()[FSelected];
+    bool Known = false;
+    const QPointF At = controlOf({Shown.Latitude, Shown.Longitude}, Known);
+    if (Known) Middle = At + QPointF(0.5, 0.5);
+  }
+  FOverlay->setRing(Middle);
 }
 
 void LandmarkTool::updateCursor() {

@@ -87,6 +87,7 @@ class LandmarkTool final : public QObject {
   void removeInShape(QPointF To);
   void removeVisible(const QString& Text, const std::function<bool(const TLandMark&)>& Inside);
   void updateCursor();
+  void updateRing();
 
   int landmarkAt(QPointF Control);
   std::optional<TCoords> positionAt(QPointF Control) const;
