@@ -11,7 +11,6 @@
 #include <istream>
 #include <iterator>
 #include <string>
-#include <string_view>
 
 namespace zav {
 
@@ -40,6 +39,10 @@ class TTextSource {
   }
 
  private:
+  static bool EndsWord(char C) {
+    return C == ',' || C == ':' || C == '[' || C == ']' || C == '{' || C == '}' || C == ' ' ||
+           C == '\n' || C == '\r' || C == '\t';
+  }
   // The parser holds a whole text or number in memory.
   void Measure() {
     constexpr int64_t MaxLength = 1 << 20;
@@ -50,8 +53,7 @@ class TTextSource {
     } else if (FCurrent == '"') {
       FInText = !FInText;
       FLength = 0;
-    } else if (!FInText &&
-               std::string_view(" \t\r\n,:[]{}").find(FCurrent) != std::string_view::npos) {
+    } else if (!FInText && EndsWord(FCurrent)) {
       FLength = 0;
     }
     if (++FLength > MaxLength)

@@ -5,7 +5,7 @@
 #include <platform/base/text.h>
 
 #include <algorithm>
-#include <iterator>
+#include <cstring>
 #include <utility>
 
 namespace zav {
@@ -97,7 +97,8 @@ bool TNameIndex::Remove(int32_t Id, std::string_view Name) {
 void TNameIndex::Pack() {
   std::sort(FNew.begin(), FNew.end(), [this](const TNewName& A, const TNewName& B) {
     if (A.Beginning != B.Beginning) return A.Beginning < B.Beginning;
-    return THit{NewKey(A), A.Id} < THit{NewKey(B), B.Id};
+    const int Order = std::strcmp(FNewKeys.c_str() + A.Start, FNewKeys.c_str() + B.Start);
+    return Order != 0 ? Order < 0 : A.Id < B.Id;
   });
   TNameIndex Packed;
   Packed.FKeys.reserve(FKeys.size() + FNewKeys.size());
