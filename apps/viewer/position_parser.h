@@ -1,12 +1,7 @@
-// position_parser.h - a position as a person types it.
+// position_parser.h - a position as a person types it, for the calibration's items.
 //
-// Decimal degrees, degrees and minutes, degrees, minutes and seconds, with symbols or blanks, with
-// hemisphere letters before or after or with signs; UTM metres with or without a zone. "." and ","
-// as decimal separators under every locale; ";" , "," or blanks between the two coordinates:
-//   47.5 8.25    47,5; 8,25    N 47 30.5, E 8 15    47 deg 30' 00" N, 8 deg 15' 00" E
-//   8.25 E 47.5 N    -33.4489 -70.6693
-//   32T 470693 5150563    32N 470693.5 mE 5150563 mN    470693 5150563 (in the map's zone)
-// Every digit counts: the number is the one nearest to the digits typed.
+// The spellings are those of geobasics/position_text.h: degrees with minutes and seconds, UTM, UPS
+// and MGRS. UTM metres may do without a zone; they are in the map's own then.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_APPS_VIEWER_POSITION_PARSER_H
 #define ZAV_APPS_VIEWER_POSITION_PARSER_H

@@ -9,8 +9,7 @@
 #include <QLocale>
 #include <QStringList>
 
-#include <geobasics/utm.h>
-#include <platform/base/degrees.h>
+#include <geobasics/position_text.h>
 #include <platform/base/rounding.h>
 
 namespace zav {
@@ -21,14 +20,16 @@ constexpr double MetresPerDegree = 111320;  // on the equator
 
 QString Tr(const char* Text) { return QCoreApplication::translate("PositionReadout", Text); }
 
-TDegreeFormat DegreeFormatOf(ReadoutFormat Format) {
+TNotation NotationOf(ReadoutFormat Format) {
   switch (Format) {
     case ReadoutFormat::DegreesMinutes:
-      return TDegreeFormat::dfDegreesMinutes;
+      return TNotation::ntDegreesMinutes;
     case ReadoutFormat::DegreesMinutesSeconds:
-      return TDegreeFormat::dfDegreesMinutesSeconds;
+      return TNotation::ntDegreesMinutesSeconds;
+    case ReadoutFormat::Utm:
+      return TNotation::ntUTM;
     default:
-      return TDegreeFormat::dfDegrees;
+      return TNotation::ntDegrees;
   }
 }
 
@@ -44,26 +45,6 @@ double UnitsPerDegree(ReadoutFormat Format) {
     default:
       return 1;
   }
-}
-
-QString AngleText(double Angle, ReadoutFormat Format, int Decimals, char Positive, char Negative) {
-  // What is shown as zero belongs to no negative side.
-  const int32_t Shown = RoundHalfEven(Angle * UnitsPerDegree(Format) * std::pow(10, Decimals));
-  return QString::fromStdString(DegreeToStr(std::abs(Angle), DegreeFormatOf(Format), Decimals)) +
-         QLatin1Char(' ') + QLatin1Char(Shown < 0 ? Negative : Positive);
-}
-
-QString UtmText(TCoords Position, TGeoEllipsoid Ellipsoid, int Decimals) {
-  if (Position.Longit == 180) Position.Longit = -180;  // zone 1 begins there
-  const std::string ZoneAndBand = GeoToUTMZone(Position.Latit, Position.Longit);
-  if (ZoneAndBand.empty()) return Tr("outside UTM (80\u00b0 S to 84\u00b0 N)");
-  int Zone = 0;
-  double Easting = 0;
-  double Northing = 0;
-  LatLongToUTM(Position.Latit, Position.Longit, Ellipsoid, Zone, Easting, Northing);
-  return QStringLiteral("%1 %2 mE %3 mN")
-      .arg(QString::fromStdString(ZoneAndBand), QString::number(Easting, 'f', Decimals),
-           QString::number(Northing, 'f', Decimals));
 }
 
 }  // namespace
@@ -104,12 +85,11 @@ QString PositionText(const TCoords& Position, ReadoutFormat Format, TGeoEllipsoi
   if (!std::isfinite(Position.Latit) || !std::isfinite(Position.Longit) ||
       std::abs(Position.Latit) > 90 || std::abs(Position.Longit) > 1e6)
     return {};
-  TCoords OnGlobe = Position;
-  if (std::abs(OnGlobe.Longit) > 180) OnGlobe.Longit = std::remainder(OnGlobe.Longit, 360);
-  const int Decimals = ReadoutDecimals(Format, MetresPerPixel);
-  if (Format == ReadoutFormat::Utm) return UtmText(OnGlobe, Ellipsoid, Decimals);
-  return AngleText(OnGlobe.Latit, Format, Decimals, 'N', 'S') + QStringLiteral(", ") +
-         AngleText(OnGlobe.Longit, Format, Decimals, 'E', 'W');
+  if (Format == ReadoutFormat::Utm && (Position.Latit < -80 || Position.Latit > 84))
+    return Tr("outside UTM (80\u00b0 S to 84\u00b0 N)");
+  return QString::fromStdString(PositionToText({Position.Latit, Position.Longit},
+                                               NotationOf(Format),
+                                               ReadoutDecimals(Format, MetresPerPixel), Ellipsoid));
 }
 
 QString PixelText(QPointF MapPixel) {

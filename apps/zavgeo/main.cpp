@@ -31,6 +31,7 @@ void AddCommands(TProgram& Program) {
   Program.App.require_subcommand(0, 1);
   Program.App.set_version_flag("--version", ZAVGEO_VERSION);
   AddGridCommands(Program);
+  AddConvertCommand(Program);
   AddEllipsoidCommand(Program);
   AddGeodesyCommands(Program);
   AddCalibrateCommand(Program);

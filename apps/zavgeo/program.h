@@ -29,6 +29,7 @@ class EUsageError : public EZAVError {
 };
 
 void AddGridCommands(TProgram& Program);      // utm, ups
+void AddConvertCommand(TProgram& Program);    // convert
 void AddEllipsoidCommand(TProgram& Program);  // ellipsoids
 void AddGeodesyCommands(TProgram& Program);   // cartesian, datum, countries, datums
 void AddCalibrateCommand(TProgram& Program);  // calibrate

@@ -311,14 +311,19 @@ std::optional<TGeoPosition> DegreesOf(const TWrittenPosition& Typed, TGeoEllipso
   if (Typed.Zone == 0) return std::nullopt;
   UTMToLatLong(Typed.Easting, Typed.Northing, Typed.Zone, Typed.South, Ellipsoid, Found.Lat,
                Found.Long);
+  // Beyond its limits the grid soon means nothing; a degree is for points beside its edge.
+  if (!(Found.Lat >= -81 && Found.Lat <= 85)) return std::nullopt;
   Found.Long = std::remainder(Found.Long, 360);
   return Found;
 }
 
 TGeoPosition PositionFromText(std::string_view Text, TGeoEllipsoid Ellipsoid) {
-  const auto Found = DegreesOf(ParsePositionText(Text), Ellipsoid);
-  if (!Found) FailPosition("The UTM zone is missing: write it in front, as 32T 470693 5150563.", 1);
-  return *Found;
+  const TWrittenPosition Written = ParsePositionText(Text);
+  const auto Found = DegreesOf(Written, Ellipsoid);
+  if (Found) return *Found;
+  if (Written.Zone == 0)
+    FailPosition("The UTM zone is missing: write it in front, as 32T 470693 5150563.", 1);
+  FailPosition("That lies outside UTM, 80 degrees south to 84 degrees north.", 1);
 }
 
 double LatitudeFromText(std::string_view Text) { return ParseAngle(Text, TAxis::Latitude); }

@@ -77,10 +77,10 @@ struct TWrittenPosition {
 TWrittenPosition ParsePositionText(std::string_view Text);
 
 // The degrees of what was typed, the longitude from -180 to 180 for grids. Nothing for UTM metres
-// without a zone.
+// without a zone, or more than a degree beyond the limits of UTM.
 std::optional<TGeoPosition> DegreesOf(const TWrittenPosition& Typed, TGeoEllipsoid Ellipsoid);
 
-// Both: a position whose zone is told. Throws EPositionTextError.
+// Both at once. Throws EPositionTextError for what has no degrees, too.
 TGeoPosition PositionFromText(std::string_view Text,
                               TGeoEllipsoid Ellipsoid = TGeoEllipsoid::gelWGS84);
 

@@ -238,6 +238,7 @@ TEST(PositionText, WhatIsDoubtfulIsRefusedWithItsColumn) {
   }
   EXPECT_THROW(ParsePositionText(std::string(100000, '1')), EPositionTextError);
   EXPECT_THROW(PositionFromText("470693 5150563"), EPositionTextError);
+  EXPECT_THROW(PositionFromText("3S 70693 50563"), EPositionTextError);  // beyond 89 south
   EXPECT_EQ(LatitudeFromText("47\u00b030' S"), -47.5);
   EXPECT_EQ(LongitudeFromText("190,5"), 190.5);
   EXPECT_THROW(LongitudeFromText("10 30 N"), EPositionTextError);

@@ -1,4 +1,4 @@
-// geodesy_test.cpp - zavgeo cartesian, datum, countries and datums.
+// geodesy_test.cpp - zavgeo cartesian, datum, countries, datums and convert.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -116,6 +116,66 @@ TEST(CliGeodesy, Lists) {
             std::string::npos);
   EXPECT_EQ(DataRows(RunProgram("datums 'old hawai ian'").Out).size(), 10U);
   EXPECT_EQ(RunProgram("datums atlantis").Status, 1);
+}
+
+TEST(CliConvert, EveryNotationToEveryOther) {
+  const std::string Positions =
+      "48.2082, 16.3738\r\n# Bergen, and a blank line\n\n60 23 24 N 5 19 12 E\n"
+      "19H 344846.7 mE 6297700.2 mN\n33U XP 02065 40353\n";
+  const TRun Mgrs = RunProgram("convert --to mgrs", "\xEF\xBB\xBF" + Positions);
+  EXPECT_EQ(Mgrs.Status, 0) << Mgrs.Err;
+  // As GeographicLib has them.
+  EXPECT_EQ(Mgrs.Out,
+            "33U XP 02065 40353\n# Bergen, and a blank line\n\n32V KN 97230 00510\n"
+            "19H CC 44846 97700\n33U XP 02065 40353\n");
+  // By way of each notation to degrees again: within its last digit.
+  const auto Degrees = [](const std::string& Text) {
+    const TRun Run = RunProgram("convert --to degrees --decimals 7", Text);
+    EXPECT_EQ(Run.Status, 0) << Run.Err;
+    std::vector<double> Numbers;
+    for (const std::string& Line : SplitText(Run.Out, '\n'))
+      if (!Line.empty() && Line[0] != '#')
+        for (const std::string& Part : SplitText(Line, ','))
+          Numbers.push_back(
+              ToNumber(Part.substr(Part[0] == ' ', Part.find('\xC2') - (Part[0] == ' '))));
+    return Numbers;
+  };
+  const auto Expected = Degrees(Positions);
+  ASSERT_EQ(Expected.size(), 8U);
+  for (const char* Notation : {"degrees", "MINUTES", "seconds", "utm", "mgrs"}) {
+    const TRun Run = RunProgram(std::string("convert --to ") + Notation, Positions);
+    ASSERT_EQ(Run.Status, 0) << Run.Err;
+    const auto Found = Degrees(Run.Out);
+    ASSERT_EQ(Found.size(), Expected.size());
+    for (size_t i = 0; i < Found.size(); ++i) EXPECT_NEAR(Found[i], Expected[i], 2e-5) << Notation;
+  }
+  EXPECT_EQ(RunProgram("convert --to ups --decimals 1", "-85 30\n90 0\n").Out,
+            RunProgram("convert --to ups --decimals 1 --from degrees", "85 S 30 E\n90 0\n").Out);
+  EXPECT_EQ(RunProgram("convert --to mgrs --decimals -5", "48.2082 16.3738").Out, "33U XP\n");
+  EXPECT_NE(RunProgram("convert --to utm --ellipsoid gelBess41", "48.2 16.4\n").Out,
+            RunProgram("convert --to utm", "48.2 16.4\n").Out);
+}
+
+TEST(CliConvert, LinesThatCannotBeReadAreTold) {
+  const std::string Input = "48 16\n48 61 16 0\n85 0\n470693 5150563\n49 17\n19S 344846 6297700\n";
+  const TRun Run = RunProgram("convert --to utm", Input);
+  EXPECT_EQ(Run.Status, 1);
+  const auto Lines = SplitText(Run.Out, '\n');
+  ASSERT_EQ(Lines.size(), 6U) << Run.Out;
+  for (size_t i = 0; i < 6; ++i) EXPECT_EQ(Lines[i].empty(), i >= 1 && i <= 3) << i;
+  for (const char* Message :
+       {"standard input:2: column 4: Minutes", "standard input:3: the position is outside UTM",
+        "standard input:4: column 1: The UTM zone is missing",
+        "warning: standard input:6: 19S was read as the southern"})
+    EXPECT_NE(Run.Err.find(Message), std::string::npos) << Run.Err;
+  EXPECT_EQ(SplitText(RunProgram("convert --strict --to utm", Input).Out, '\n').size(), 1U);
+  EXPECT_NE(RunProgram("convert --to utm --from mgrs", "48 16\n").Err.find("not mgrs"),
+            std::string::npos);
+  for (const char* Wrong : {"convert", "convert --to mars", "convert --to utm --decimals 13",
+                            "convert --to utm --from mars", "convert --to utm --ellipsoid gelMoon"})
+    EXPECT_EQ(RunProgram(Wrong, Input).Status, 2) << Wrong;
+  EXPECT_EQ(RunProgram("convert --to utm /nowhere/at.all").Status, 1);
+  EXPECT_EQ(RunProgram("convert --to utm /").Status, 1);
 }
 
 }  // namespace
