@@ -141,7 +141,9 @@ bool Mend(const TGdbStore& Store, TRecordFault Fault, TgdbData& Data, int32_t& N
       return true;
     case TRecordFault::BadBox:
     case TRecordFault::NoNumber: {
-      if (!HasPointList(Data.ItemKind) || Data.BlobOffset < 0) return false;
+      if (!HasPointList(Data.ItemKind) || Data.BlobOffset < 0 || !BlockIsGood(Store, Data)) {
+        return false;
+      }
       if (Fault == TRecordFault::NoNumber && !HasNaN(Data)) return false;  // a point's
       const TBox Box = BoxOfPoints(Store, Data);
       Data.LatLow = Box.LatLow;

@@ -92,7 +92,7 @@ TLines MakeOpenable(const TFileNames& Names) {
 
 std::vector<std::string> RepairStore(TGdbStore& Store) {
   TLines Deeds;
-  int32_t HighestID = Store.Header().HighestID;
+  int32_t HighestID = std::max(Store.Header().HighestID, 0);
   const bool Rest = StampOf(Store.Names().Records).Size % int64_t{sizeof(TgdbData)} > 0;
   if (Rest) Deeds.push_back("incomplete last record removed");
   const TRecordTable Records = MendRecords(Store, HighestID, Deeds);
