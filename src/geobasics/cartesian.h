@@ -26,7 +26,7 @@ void CartesianToGeo(double X, double Y, double Z, TGeoEllipsoid Ellipsoid, doubl
                     double& Long, double& Height) noexcept;
 
 // The same for every quadrant, every height and for spheres: longitude -180 to 180, 0 on the axis;
-// 1e-13 degrees and a nanometre near the surface. Within 50 km of the earth's centre, where several
+// 1e-13 degrees and 1e-8 m. Within 50 km of the earth's centre, where several
 // latitudes belong to one point, it tells one of them; the centre itself is below the north pole.
 void ExactCartesianToGeo(double X, double Y, double Z, TGeoEllipsoid Ellipsoid, double& Lat,
                          double& Long, double& Height) noexcept;
