@@ -31,6 +31,7 @@
 #include "graticule_menu.h"
 #include "landmark_menu.h"
 #include "landmark_workbench.h"
+#include "layers.h"
 #include "message_bar.h"
 #include "readout_button.h"
 #include "recent_files.h"
@@ -64,7 +65,7 @@ QString MainWindow::message() const { return FMessage->text(); }
 QString MainWindow::openAll(const QStringList& Files) {
   QList<MapSource> Sources;
   QString Problem;
-  const QStringList Paths = openLandmarks(Files, Problem);
+  const QStringList Paths = openDatabases(openLandmarks(Files, Problem), Problem);
   if (Paths.isEmpty()) return Problem;
   bool Folder = false;
   for (const QString& Path : Paths) {
@@ -306,6 +307,7 @@ void MainWindow::closeEvent(QCloseEvent* Event) {
     FGraticule->save(*FSettings);
     FCalibrationMenu->save(*FSettings);
     FLandmarkMenu->save(*FSettings);
+    FLayers->style().save(*FSettings);
   }
   QMainWindow::closeEvent(Event);
 }

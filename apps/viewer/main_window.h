@@ -29,6 +29,8 @@ class CalibrationWorkbench;
 class ExportMenu;
 class GeoMapWidget;
 class GraticuleMenu;
+class LayerDock;
+class Layers;
 class LandmarkMenu;
 class LandmarkWorkbench;
 class MessageBar;
@@ -59,8 +61,10 @@ class MainWindow final : public QMainWindow {
   CalibrationWorkbench& calibration() { return *FCalibration; }
   ToolMenu& tools() { return *FTools; }
   LandmarkWorkbench& landmarks() { return *FLandmarks; }
+  Layers& layers() { return *FLayers; }
 
  protected:
+  bool eventFilter(QObject* Watched, QEvent* Event) override;
   void closeEvent(QCloseEvent* Event) override;
   void dragEnterEvent(QDragEnterEvent* Event) override;
   void dropEvent(QDropEvent* Event) override;
@@ -79,6 +83,9 @@ class MainWindow final : public QMainWindow {
   void makeLandmarks(QMenu& File, QMenu& Edit);
   void restoreLandmarks();
   QStringList openLandmarks(const QStringList& Paths, QString& Problem);
+  void makeLayers(QMenu& File);
+  void askDatabases();
+  QStringList openDatabases(const QStringList& Paths, QString& Problem);
   void fillRecentMenu();
   void restore();
 
@@ -117,6 +124,9 @@ class MainWindow final : public QMainWindow {
   ToolMenu* FTools = nullptr;
   LandmarkWorkbench* FLandmarks = nullptr;
   LandmarkMenu* FLandmarkMenu = nullptr;
+  Layers* FLayers = nullptr;
+  LayerDock* FLayerDock = nullptr;
+  QPointF FPressedAt;  // of the left button on the map
   QAction* FCopy = nullptr;
   QAction* FCopyPixel = nullptr;
   ReadoutButton* FReadout = nullptr;

@@ -5,12 +5,14 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QSettings>
+#include <QStatusBar>
 
 #include <platform/qt/geo_map_widget.h>
 
 #include "layer_dock.h"
 #include "layers.h"
 #include "main_window.h"
+#include "recent_files.h"
 #include "tool_menu.h"
 #include "view_menu.h"
 
@@ -61,14 +63,30 @@ void MainWindow::askDatabases() {
   if (Paths.isEmpty()) return;
   if (FSettings != nullptr)
     FSettings->setValue(FolderKey, QFileInfo(Paths.constFirst()).absolutePath());
-  for (const QString& Path : Paths) openDatabase(Path);
+  openAll(Paths);
 }
 
-QString MainWindow::openDatabase(const QString& Path) {
-  const QString Problem = FLayers->open(Path);
-  if (!Problem.isEmpty()) return report(Problem);
-  FLayerDock->show();
-  return {};
+// Opens the databases among the paths and gives back the others.
+QStringList MainWindow::openDatabases(const QStringList& Paths, QString& Problem) {
+  QStringList Others;
+  bool Opened = false;
+  for (const QString& Path : Paths) {
+    if (!IsDatabaseFile(Path)) {
+      Others << Path;
+      continue;
+    }
+    const QString Wrong = FLayers->open(Path);
+    if (Wrong.isEmpty()) Opened = true;
+    if (Problem.isEmpty()) Problem = Wrong;
+    if (FSettings != nullptr && Wrong.isEmpty()) RecentFiles(*FSettings).add(Path);
+  }
+  if (Opened) {
+    FLayerDock->show();
+    if (!map().Calibration().IsFitted())
+      statusBar()->showMessage(tr("A database is seen over a calibrated map: open one"), 10000);
+  }
+  if (Others.isEmpty() && !Problem.isEmpty()) report(Problem);
+  return Others;
 }
 
 // A click with the hand that does not drag asks what is there.

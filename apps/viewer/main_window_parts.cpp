@@ -24,6 +24,7 @@
 #include "graticule_menu.h"
 #include "icons.h"
 #include "landmark_menu.h"
+#include "layer_dock.h"
 #include "main_window.h"
 #include "message_bar.h"
 #include "readout_button.h"
@@ -178,6 +179,7 @@ void MainWindow::makeMenus() {
   Bar->addAction(FCalibrationMenu->calibrate());
   makeTools();
   makeLandmarks(*File, *Edit);
+  makeLayers(*File);
   Bar->addAction(FLandmarkMenu->editLandmarks());
 }
 
@@ -193,6 +195,7 @@ void MainWindow::restore() {
   FGraticule->load(*FSettings);
   FCalibrationMenu->load(*FSettings);
   restoreLandmarks();
+  FLayerDock->hide();
 }
 
 void MainWindow::fillRecentMenu() {

@@ -47,6 +47,8 @@ class ToolMenu final : public QMenu {
   // Another tool of the program has the mouse while the map is not measured, selected or zoomed:
   // cursor and hint are its own then.
   void setMouseTaken(bool Taken);
+  // The left button moves the map, and nothing else.
+  bool hasHand() const { return tool() == Tool::Pan && !FMouseTaken; }
   // Whether an error of the widget was that a zooming tool met a limit. That is dealt with: a box
   // that is too small for the largest magnification is shown in the middle.
   bool dealsWith(const QString& Error);
