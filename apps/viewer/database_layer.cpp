@@ -6,8 +6,11 @@
 #include <limits>
 
 #include <QFileInfo>
+#include <QLineF>
 
 #include <platform/qt/qt_convert.h>
+
+#include "common/free_captions.h"
 
 namespace zav {
 
@@ -21,9 +24,14 @@ QString WithoutExtension(const QString& Path) {
   return Info.absolutePath() + QLatin1Char('/') + Base;
 }
 
-// A step between neighbours of a list that goes the long way round the Earth.
-bool GoesAround(const TSCoords& From, const TSCoords& To) {
-  return std::abs(To.Longit - From.Longit) > 180;
+constexpr double LongStep = 60;  // map pixels that neighbours of a list are seldom apart
+
+// A step that the map cannot show as a line: the long way round the Earth, or from one edge of what
+// the model unrolls to the other. The middle of a step on the Earth is near its middle on the map.
+bool IsBroken(const TSCoords& From, const TSCoords& To, QPointF A, QPointF B, QPointF Middle) {
+  if (std::abs(To.Longit - From.Longit) > 180) return true;
+  const double Length = QLineF(A, B).length();
+  return Length > LongStep && !(QLineF((A + B) / 2, Middle).length() < Length / 4);
 }
 
 }  // namespace
@@ -61,7 +69,11 @@ PixelLine DatabaseLayer::computePixels(int32_t RecNo, const TCalibration& Calibr
   const auto PixelOf = [&](double Latit, double Longit) {
     double X = 0;
     double Y = 0;
-    return Calibration.ToPixelInMapZone(Latit, Longit, X, Y) ? QPointF(X, Y) : Gap;
+    // What is far from the map may come out on it: the conic model folds what is beyond the pole.
+    return IsPlacedRight(Calibration, Latit, Longit) &&
+                   Calibration.ToPixelInMapZone(Latit, Longit, X, Y)
+               ? QPointF(X, Y)
+               : Gap;
   };
   const TgdbData Data = FDatabase.GetSumdata(RecNo);
   TgdbPolygon Points;
@@ -72,13 +84,16 @@ PixelLine DatabaseLayer::computePixels(int32_t RecNo, const TCalibration& Calibr
   }
   PixelLine Line;
   Line.reserve(Points.size() + 1);
+  const bool Closed = Data.Closed != 0 && Points.size() > 2;
+  if (Closed && !(Points.front() == Points.back())) Points.push_back(Points.front());
   for (size_t i = 0; i < Points.size(); ++i) {
-    if (i > 0 && GoesAround(Points[i - 1], Points[i])) Line.push_back(Gap);
-    Line.push_back(PixelOf(Points[i].Latit, Points[i].Longit));
-  }
-  if (Data.Closed != 0 && Points.size() > 2 && !(Points.front() == Points.back())) {
-    if (GoesAround(Points.back(), Points.front())) Line.push_back(Gap);
-    Line.push_back(Line.front());
+    const QPointF Pixel = PixelOf(Points[i].Latit, Points[i].Longit);
+    if (i > 0) {
+      const QPointF Middle = PixelOf((Points[i - 1].Latit + Points[i].Latit) / 2,
+                                     (Points[i - 1].Longit + Points[i].Longit) / 2);
+      if (IsBroken(Points[i - 1], Points[i], Line.back(), Pixel, Middle)) Line.push_back(Gap);
+    }
+    Line.push_back(Pixel);
   }
   return Line;
 }

@@ -115,7 +115,7 @@ QWidget* LayerDock::makeKinds() {
   FKinds->setResizeMode(QListView::Adjust);
   FKinds->setGridSize({fontMetrics().horizontalAdvance(QStringLiteral("Borders")) + 70,
                        fontMetrics().height() + 8});
-  FKinds->setFixedHeight((fontMetrics().height() + 8) * 3 + 8);
+  FKinds->setFixedHeight((fontMetrics().height() + 8) * 4 + 8);
   connect(FKinds, &QListWidget::itemChanged, this, [this](const QListWidgetItem* Item) {
     if (FFilling) return;
     LayerStyle Style = FLayers.style();

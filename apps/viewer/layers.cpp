@@ -17,10 +17,10 @@
 namespace zav {
 
 Layers::Layers(GeoMapWidget& Widget, QObject* Parent) : QObject(Parent), FWidget(Widget) {
-  FWidget.map().OnBeforeRenderData = [this](TGeoMap*, TCanvas& Canvas) { draw(Canvas); };
+  FWidget.map().AddObserver(this);
 }
 
-Layers::~Layers() = default;
+Layers::~Layers() { FWidget.map().RemoveObserver(this); }
 
 QString Layers::open(const QString& Path) {
   const QString Shown = QDir::toNativeSeparators(Path);
@@ -62,9 +62,9 @@ void Layers::setStyle(const LayerStyle& Style) {
 
 // --- drawing
 
-void Layers::draw(TCanvas& Canvas) {
-  if (!FWidget.map().Calibration().IsFitted()) return;
-  LayerPainter Painter(FWidget.map(), Canvas, FStyle);
+void Layers::BeforeRenderData(TGeoMap& Map, TCanvas& Canvas) {
+  if (FLayers.empty() || !Map.Calibration().IsFitted()) return;
+  LayerPainter Painter(Map, Canvas, FStyle);
   try {
     for (const auto& Each : FLayers)
       if (Each->isShown()) Painter.collect(*Each);

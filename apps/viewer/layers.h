@@ -9,13 +9,14 @@
 
 #include <QObject>
 
+#include <geomap/geo_map.h>
+
 #include "database_layer.h"
 #include "layer_style.h"
 
 namespace zav {
 
 class GeoMapWidget;
-class TCanvas;
 
 struct LayerItem {
   int Layer = 0;  // from 0
@@ -23,11 +24,11 @@ struct LayerItem {
   friend bool operator==(const LayerItem&, const LayerItem&) = default;
 };
 
-class Layers final : public QObject {
+class Layers final : public QObject, private TGeoMapObserver {
   Q_OBJECT
 
  public:
-  // Draws by the control's OnBeforeRenderData, which no one else may use.
+  // The widget must outlive it.
   explicit Layers(GeoMapWidget& Widget, QObject* Parent = nullptr);
   ~Layers() override;
 
@@ -61,7 +62,7 @@ class Layers final : public QObject {
   void problem(const QString& Text);
 
  private:
-  void draw(TCanvas& Canvas);
+  void BeforeRenderData(TGeoMap& Map, TCanvas& Canvas) override;
 
   GeoMapWidget& FWidget;
   std::vector<std::unique_ptr<DatabaseLayer>> FLayers;

@@ -82,7 +82,7 @@ QStringList MainWindow::openDatabases(const QStringList& Paths, QString& Problem
   }
   if (Opened) {
     FLayerDock->show();
-    if (!map().Calibration().IsFitted())
+    if (Others.isEmpty() && !map().Calibration().IsFitted())
       statusBar()->showMessage(tr("A database is seen over a calibrated map: open one"), 10000);
   }
   if (Others.isEmpty() && !Problem.isEmpty()) report(Problem);

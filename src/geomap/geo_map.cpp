@@ -140,19 +140,18 @@ TRenderScene TGeoMap::Scene() {
 
 // The handlers' part in a picture; each tells whether the control is still there.
 TRenderHooks TGeoMap::Hooks() {
-  const auto Hook = [this](TRenderEvent TGeoMap::*Slot) {
-    return [this, Slot, Alive = Life()](TCanvas& Canvas) {
+  // The application's handler, then the observers.
+  const auto Hook = [this](TRenderEvent TGeoMap::*Slot,
+                           void (TGeoMapObserver::*Tell)(TGeoMap&, TCanvas&)) {
+    return [this, Slot, Tell, Alive = Life()](TCanvas& Canvas) {
       if (const TRenderEvent Handler = this->*Slot) Handler(this, Canvas);
+      if (Alive.expired()) return false;
+      NotifyWith([&](TGeoMapObserver& Each) { (Each.*Tell)(*this, Canvas); });
       return !Alive.expired();
     };
   };
-  const auto Rendered = [this, Handler = Hook(&TGeoMap::OnDataRendered),
-                         Alive = Life()](TCanvas& Canvas) {
-    if (!Handler(Canvas)) return false;
-    NotifyWith([&](TGeoMapObserver& Each) { Each.DataRendered(*this, Canvas); });
-    return !Alive.expired();
-  };
-  return {Hook(&TGeoMap::OnBeforeRenderData), Rendered, DrawLandMarkHook()};
+  return {Hook(&TGeoMap::OnBeforeRenderData, &TGeoMapObserver::BeforeRenderData),
+          Hook(&TGeoMap::OnDataRendered, &TGeoMapObserver::DataRendered), DrawLandMarkHook()};
 }
 
 // Draws the picture and returns its size in device pixels.

@@ -57,7 +57,9 @@ class TGeoMapObserver {
   virtual void ImageChanged(TGeoMap& /*Map*/) {}        // picture, its name or its size
   virtual void Painted(TGeoMap& /*Map*/) {}             // the new picture is on the window
 
-  // As OnDataRendered: what is drawn on the canvas, in control pixels, lands in the picture.
+  // As OnBeforeRenderData and OnDataRendered, after them: what is drawn on the canvas, in control
+  // pixels, lands in the picture.
+  virtual void BeforeRenderData(TGeoMap& /*Map*/, TCanvas& /*Canvas*/) {}
   virtual void DataRendered(TGeoMap& /*Map*/, TCanvas& /*Canvas*/) {}
   virtual void DataLoading(TGeoMap& /*Map*/, int /*PercentDone*/) {}
   virtual void ZoomPanned(TGeoMap& /*Map*/) {}  // by the user
@@ -462,8 +464,8 @@ class TGeoMap : public TCustomControl {
 
   // --- events ------------------------------------------------------------------------------------
   // All belong to the application; the sender comes first. A canvas is in control pixels, and what
-  // is drawn on it lands in the picture, which DrawnSize() tells the size of: a part of the map that
-  // is printed or copied can be larger than the control.
+  // is drawn on it lands in the picture, which DrawnSize() tells the size of: a part of the map
+  // that is printed or copied can be larger than the control.
   using TProgressEvent = std::function<void(TGeoMap*, int PercentDone, bool& Cancel)>;
   using TRenderEvent = std::function<void(TGeoMap*, TCanvas& Canvas)>;
   using TDrawLandMarkEvent = std::function<void(TGeoMap*, bool& Handled, TCanvas& Canvas,
