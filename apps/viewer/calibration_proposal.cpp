@@ -85,7 +85,7 @@ QString ProposedPosition(const TCalibration& Calibration, TPoint Pixel, ReadoutF
   if (std::abs(Read.Latit) > 90 || std::abs(Read.Longit) > 180) return {};
   if (Format == ReadoutFormat::Utm) {
     const bool InZone = Calibration.Model() == TCalibModel::cmUTM && Calibration.Data().UTMZone > 0;
-    const QString Text = InZone ? GridCrossingText(Calibration, Read, Pixel) : QString();
+    QString Text = InZone ? GridCrossingText(Calibration, Read, Pixel) : QString();
     if (!Text.isEmpty()) return Text;
   } else {
     const auto Find = [&Calibration](double Lat, double Long, double& X, double& Y) {

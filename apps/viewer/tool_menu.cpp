@@ -186,7 +186,7 @@ void ToolMenu::showCursor(bool Pressed) {
 void ToolMenu::update() {
   FCopyLength->setEnabled(!lengthText().isEmpty());
   FClear->setEnabled(!FMeasure->isEmpty() || !FSelection->isEmpty() || !FTrace->isEmpty());
-  if (FHint == nullptr) return;
+  if (FHint == nullptr || FStatus == nullptr) return;
   const QString Result = resultText();
   const char* const Hint = RowOf(tool()).Hint;
   const QString Text = Result.isEmpty() && *Hint != 0 ? tr(Hint) : Result;

@@ -47,9 +47,10 @@ void TGeoMap::SetMapBitMap(const TBitmap& Bitmap) {
 // Does not paint, so that loading a calibration paints once.
 void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) {
   const auto Alive = Life();
-  // A handler may change what Name refers to. NOLINTNEXTLINE(performance-unnecessary-copy-*)
+  // A handler may change what the names refer to. NOLINTBEGIN(performance-unnecessary-copy-*)
   const std::string Given = Name;
   const std::string Beside = BesideFile;
+  // NOLINTEND(performance-unnecessary-copy-*)
   std::string FileName = Name;
   if (const TMapImgRequestEvent Request = OnMapImageRequest) {
     Request(this, FileName);

@@ -63,8 +63,8 @@ TEST_F(CalibrationTest, ABareScanIsCalibratedByClicking) {
   const TCalibration Mine = Fitted(Saved, Image);
   const TCalibration Truth = Fitted(Sample("europe_conic.xml"), Image);
   int Compared = 0;
-  for (double Lat = 32; Lat <= 70; Lat += 2)
-    for (double Long = -30; Long <= 50; Long += 4) {
+  for (int Lat = 32; Lat <= 70; Lat += 2)
+    for (int Long = -30; Long <= 50; Long += 4) {
       double X = 0, Y = 0, TrueX = 0, TrueY = 0;
       if (!Truth.ToPixel(Lat, Long, TrueX, TrueY)) continue;
       ASSERT_TRUE(Mine.ToPixel(Lat, Long, X, Y));

@@ -67,7 +67,7 @@ TEST_F(PrintTest, ThePageHoldsWhatFits) {
   EXPECT_TRUE(Large.Cut);
   EXPECT_LE(Large.Area.Width(), 2000);
   EXPECT_GT(Large.Area.Width(), 2000 - 2 * Large.Factor);
-  EXPECT_NEAR(Large.Part.center().x(), FWidth / 2, 1);
+  EXPECT_NEAR(Large.Part.center().x(), FWidth / 2.0, 1);
   // What the window shows, and what a map without calibration does not know.
   Map().SetView({20, 30}, 2);
   EXPECT_EQ(PlanPage(Map(), FPrinter, {false, 0, false}).Part.topLeft(), QPoint(20, 30));
