@@ -47,7 +47,7 @@ double SquaresAt(const TCalibData& Data, double PoleX, double PoleY) {
 // Goes to the best neighbour as long as there is one, in steps that get smaller down to a pixel.
 double Descend(const TCalibData& Data, double X, double Y, double Step) {
   double Best = SquaresAt(Data, X, Y);
-  for (; Step >= 1; Step /= 2)
+  while (Step >= 1) {
     for (int Moves = 0; Moves < 8; ++Moves) {
       const double FromX = X;
       const double FromY = Y;
@@ -62,6 +62,8 @@ double Descend(const TCalibData& Data, double X, double Y, double Step) {
         }
       if (Best == Before) break;
     }
+    Step /= 2;
+  }
   return Best;
 }
 
@@ -83,9 +85,11 @@ double ConicSearchGain(const TCalibration& Calibration) {
   const auto& Pole = Calibration.Coefficients().ConicParams;
   const double Fitted = SquaresAt(Data, Pole[0], Pole[1]);
   double Best = Fitted;
-  for (double Far = Size / 2; Far <= Size * 16; Far *= 2)
+  for (int Halves = 1; Halves <= 32; Halves *= 2) {
+    const double Far = Size * Halves / 2;
     for (const double Side : {-1.0, 1.0})
       Best = std::min(Best, Descend(Data, X, Y + Side * Far, Far / 2));
+  }
   return Best > 0 ? std::sqrt(Fitted / Best) : 1;
 }
 

@@ -136,7 +136,7 @@ QString AskAndSavePicture(QWidget* Parent, TGeoMap& Map, const TMapPart& Part,
   Dialog.selectFile(QFileInfo(Proposal).fileName() + QStringLiteral(".png"));
   if (Dialog.exec() != QDialog::Accepted) return {};
   const QString Path = Dialog.selectedFiles().constFirst();
-  const QString Problem = SavePicture(DrawPicture(Map, Part), Path, Protected);
+  QString Problem = SavePicture(DrawPicture(Map, Part), Path, Protected);
   if (Problem.isEmpty()) Written = Path;
   return Problem;
 }

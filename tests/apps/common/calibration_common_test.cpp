@@ -77,9 +77,10 @@ TEST(CalibrationDoubts, AConicSearchThatWentAstray) {
 // pixel, is what is foretold.
 TEST(CalibrationDoubts, GrowthAtCornersIsWhatErrorsDo) {
   TCalibData Data;
-  for (int i = 0; i < 12; ++i)
-    Data.CalQuads[static_cast<size_t>(Data.NumCalQuads++)] = {
-        50 - 0.1 * (i / 4), 0.1 * (i % 4), 100 + 50 * (i % 4), 100 + 50 * (i / 4)};
+  for (int Row = 0; Row < 3; ++Row)
+    for (int Column = 0; Column < 4; ++Column)
+      Data.CalQuads[static_cast<size_t>(Data.NumCalQuads++)] = {50 - 0.1 * Row, 0.1 * Column,
+                                                                100 + 50 * Column, 100 + 50 * Row};
   TCalibration Calibration;
   Calibration.SetImageSize(1000, 500);
   Calibration.SetData(Data, TCalibModel::cmEquiRect);

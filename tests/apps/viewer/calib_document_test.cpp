@@ -148,8 +148,9 @@ TEST_F(CalibDocumentTest, RefusedEditsChangeNothing) {
   EXPECT_EQ(Document.undoText(), Last);
   for (int i = 1; i < 200; ++i) ASSERT_EQ(Document.addPoint(Deg(40, i * 0.1), {i, i}), "");
   EXPECT_TRUE(Document.addPoint(Deg(40, 0), {1, 1}).contains("200"));
-  for (int i = 0; i < 250; ++i)
-    ASSERT_EQ(Document.addLinePoint(TGratLineKind::gtlMeridian, i / 10, {i, i}), "");
+  for (int Line = 0; Line < 25; ++Line)
+    for (int i = 0; i < 10; ++i)
+      ASSERT_EQ(Document.addLinePoint(TGratLineKind::gtlMeridian, Line, {10 * Line + i, i}), "");
   EXPECT_TRUE(Document.addLinePoint(TGratLineKind::gtlMeridian, 1, {1, 1}).contains("10 points"));
   EXPECT_TRUE(Document.addLinePoint(TGratLineKind::gtlParallel, 1, {1, 1}).contains("25"));
   EXPECT_EQ(Document.data().NumCalQuads, 200);

@@ -30,7 +30,7 @@ class ImportTest : public ::testing::Test {
   QString WriteScan(const char* Name, QSize Size) {
     QImage Scan(Size, QImage::Format_RGB32);
     Scan.fill(QColor(40, 80, 160));
-    const QString Path = FFolder.path(Name);
+    QString Path = FFolder.path(Name);
     for (int Y = 0; Y < Size.height(); ++Y)
       for (int X = 0; X < Size.width() / 2; ++X) Scan.setPixel(X, Y, qRgb(200, 180, 20));
     if (!Scan.save(Path)) qFatal("test file");

@@ -109,8 +109,7 @@ TEST(CliLandMarks, RenderDrawsThemAtTheirPlace) {
       "name,lat,long,caption_ground\nFirst one,50,10,#FF00FF\nSecond,49.85,10,#FFFF00\n");
   ASSERT_EQ(Imported.Status, 0) << Imported.Err;
   const auto Pixels = DataRows(
-      RunProgram("map to-pixel " + Sample("europe_conic.xml"), "lat,long\n50,10\n49.85,10\n")
-          .Out);
+      RunProgram("map to-pixel " + Sample("europe_conic.xml"), "lat,long\n50,10\n49.85,10\n").Out);
   const auto CountOf = [&](const QImage& Image, QRgb Color) {
     int Count = 0;
     for (int Y = 0; Y < Image.height(); ++Y)
@@ -120,8 +119,9 @@ TEST(CliLandMarks, RenderDrawsThemAtTheirPlace) {
   };
   for (const auto& [Captions, First, Second] :
        {std::tuple{"free", true, false}, {"all", true, true}, {"none", false, false}}) {
-    const TRun Run = RunProgram("map render " + Sample("europe_conic.xml") + " --landmarks " +
-                                File + " --captions " + Captions + " -o " + Picture);
+    std::string Command = "map render " + Sample("europe_conic.xml") + " --landmarks ";
+    Command.append(File).append(" --captions ").append(Captions).append(" -o ").append(Picture);
+    const TRun Run = RunProgram(Command);
     ASSERT_EQ(Run.Status, 0) << Run.Err;
     const QImage Image(QString::fromStdString(Picture));
     for (const auto& Pixel : Pixels)

@@ -240,7 +240,7 @@ TEST(LandMarkPass, ThinsOutAtRandom) {
   const auto DrawnWith = [&](uint64_t Seed, int32_t Threshold) {
     P.Scene.LandMarks.ThinningSeed = Seed;
     P.Scene.LandMarks.DisplayThreshold = Threshold;
-    const auto Points = P.Drawn();
+    auto Points = P.Drawn();
     EXPECT_EQ(P.Drawn(), Points) << "the same seed leaves the same";
     int32_t Last = -1;
     P.Hooks.DrawLandMark = [&Last](TCanvas&, TPoint, const TLandMark& LandMark) {
