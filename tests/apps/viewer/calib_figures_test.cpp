@@ -337,21 +337,21 @@ TEST(CalibFigures, WarningsSayWhatToDo) {
        "latitude and longitude exchanged"},
       {"zone 60",
        [](CalibDocument& D) {
-         for (int Row = 0; Row < 3; ++Row)
+         for (int Line = 0; Line < 3; ++Line)
            for (int Column = 0; Column < 3; ++Column)
              D.addPoint(
-                 CalibPosition::OfUtm(5000000 - Row * 35000, 400000 + Column * 45000, 60, false),
-                 {50 + Column * 450, 50 + Row * 350});
+                 CalibPosition::OfUtm(5000000 - Line * 35000, 400000 + Column * 45000, 60, false),
+                 {50 + Column * 450, 50 + Line * 350});
          D.setModel(TCalibModel::cmUTM);
        },
        {NotStored},
        "zone 60"},
       {"two zones",
        [](CalibDocument& D) {
-         for (int Row = 0; Row < 3; ++Row)
+         for (int Line = 0; Line < 3; ++Line)
            for (int Column = 0; Column < 3; ++Column)
-             D.addPoint(CalibPosition::OfDegrees(45 - Row * 0.3, 8 + Column * 0.5),
-                        {50 + Column * 450, 50 + Row * 350});
+             D.addPoint(CalibPosition::OfDegrees(45 - Line * 0.3, 8 + Column * 0.5),
+                        {50 + Column * 450, 50 + Line * 350});
          D.setModel(TCalibModel::cmUTM);
          double Easting = 0;
          double Northing = 0;
@@ -362,10 +362,10 @@ TEST(CalibFigures, WarningsSayWhatToDo) {
        "Point 2 lies in zone 33, the map is in zone 32"},
       {"fine map",
        [&](CalibDocument& D) {
-         for (int Row = 0; Row < 3; ++Row)
+         for (int Line = 0; Line < 3; ++Line)
            for (int Column = 0; Column < 3; ++Column)
-             D.addPoint(Deg(47.123456789 - Row * 0.0015, 8.123456789 + Column * 0.002),
-                        {50 + Column * 450, 50 + Row * 350});
+             D.addPoint(Deg(47.123456789 - Line * 0.0015, 8.123456789 + Column * 0.002),
+                        {50 + Column * 450, 50 + Line * 350});
        },
        {PixelsTooFine},
        "five decimals"},
