@@ -72,23 +72,36 @@ void Layers::BeforeRenderData(TGeoMap& Map, TCanvas& Canvas) {
     if (FSelected && at(FSelected->Layer).isShown())
       Painter.mark(at(FSelected->Layer), FSelected->RecNo);
   } catch (const std::exception& Error) {
-    // A file that was replaced or damaged meanwhile. Which one is not known: none is drawn.
-    for (const auto& Each : FLayers) Each->setShown(false);
-    const QString Text =
-        tr("The databases cannot be drawn any more: %1").arg(ToQString(Error.what()));
-    QMetaObject::invokeMethod(
-        this,
-        [this, Text] {
-          emit changed();
-          emit problem(Text);
-        },
-        Qt::QueuedConnection);
+    giveUp(Error);
   }
+}
+
+// A file that was replaced or damaged meanwhile. Which one is not known: none is drawn any more.
+void Layers::giveUp(const std::exception& Error) {
+  for (const auto& Each : FLayers) Each->setShown(false);
+  const QString Text = tr("The databases cannot be read any more: %1").arg(ToQString(Error.what()));
+  // Not now: a picture may be under way.
+  QMetaObject::invokeMethod(
+      this,
+      [this, Text] {
+        emit changed();
+        emit problem(Text);
+      },
+      Qt::QueuedConnection);
 }
 
 // --- asking
 
 std::vector<LayerItem> Layers::itemsAt(QPointF MapPixel, double MaxDistance) {
+  try {
+    return findItemsAt(MapPixel, MaxDistance);
+  } catch (const std::exception& Error) {
+    giveUp(Error);
+    return {};
+  }
+}
+
+std::vector<LayerItem> Layers::findItemsAt(QPointF MapPixel, double MaxDistance) {
   struct Near {
     int Rank;  // dots, lines, areas
     double Distance;

@@ -3,6 +3,7 @@
 #ifndef ZAV_APPS_VIEWER_LAYERS_H
 #define ZAV_APPS_VIEWER_LAYERS_H
 
+#include <exception>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -63,6 +64,8 @@ class Layers final : public QObject, private TGeoMapObserver {
 
  private:
   void BeforeRenderData(TGeoMap& Map, TCanvas& Canvas) override;
+  std::vector<LayerItem> findItemsAt(QPointF MapPixel, double MaxDistance);
+  void giveUp(const std::exception& Error);
 
   GeoMapWidget& FWidget;
   std::vector<std::unique_ptr<DatabaseLayer>> FLayers;

@@ -13,6 +13,8 @@
 #include "graticule_menu.h"
 #include "landmark_menu.h"
 #include "landmark_workbench.h"
+#include "layer_dock.h"
+#include "layers.h"
 #include "main_window.h"
 #include "message_bar.h"
 #include "readout_button.h"
@@ -22,6 +24,8 @@ namespace zav {
 
 // What is told of a change must not find a window that is half gone.
 MainWindow::~MainWindow() {
+  delete FLayerDock;
+  delete FLayers;
   delete FLandmarkMenu;
   delete FLandmarks;
   delete FCalibrationMenu;

@@ -223,6 +223,21 @@ TEST_F(LayerTest, WhatIsNoDatabaseIsTold) {
   EXPECT_EQ(Databases().count(), 1);
   Databases().close(0);
   EXPECT_EQ(Databases().count(), 0);
+
+  // One whose point lists are gone: told when it is drawn and when it is clicked, and hidden.
+  QFile Data(FFolder.path("alps.zavgdd"));
+  ASSERT_TRUE(Data.resize(300));
+  FWindow->openAll({FFolder.path("alps.zavgds")});
+  for (const bool Clicked : {false, true}) {
+    if (Databases().count() == 0) break;  // refused when it was opened
+    QTest::qWait(1);
+    EXPECT_FALSE(Databases().at(0).isShown());
+    EXPECT_TRUE(FWindow->message().contains("cannot be read")) << FWindow->message().toStdString();
+    if (Clicked) break;
+    Databases().at(0).setShown(true);
+    QTest::mouseClick(&FWindow->mapWidget(), Qt::LeftButton, {}, At(46.1, 8.1));
+  }
+  EXPECT_EQ(Databases().count(), 1);
 }
 
 }  // namespace
