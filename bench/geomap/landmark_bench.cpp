@@ -152,7 +152,7 @@ void CompareAdding() {
     for (int32_t I = 0; I < Million; ++I) Map.AddLandMark(I * 1e-5, I * 1e-4, I);
   };
   const auto Fill = [&](bool Reserve) {
-    Records = {};
+    std::vector<TLandMark>().swap(Records);  // gives its memory back, as ours does
     if (Reserve) Records.reserve(Million);
     for (int32_t I = 0; I < Million; ++I) {
       TLandMark LandMark = Template;
