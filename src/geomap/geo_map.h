@@ -45,6 +45,7 @@
 namespace zav {
 
 class TGeoMap;
+struct TEmptyMap;
 
 // Listens to a map without taking the user's event slots. Nothing is owned; an observer must take
 // itself off the list before it dies. Each call comes after the change and before its repaint, and
@@ -122,12 +123,44 @@ class TGeoMap : public TCustomControl {
   void SetMapBitMap(const TBitmap& Bitmap);
   int32_t MapImgWidth() const noexcept { return FImage.Width(); }
   int32_t MapImgHeight() const noexcept { return FImage.Height(); }
+  // Images that were shown stay in memory, decoded, up to so many bytes in all besides the one that
+  // is shown; those shown longest ago go first. Loading such a file again takes no decoding and
+  // tells no progress; one that was written since is read anew. 0, none, at first.
+  int64_t KeptImagesLimit() const noexcept { return FKeptImages.Limit(); }
+  void SetKeptImagesLimit(int64_t Bytes) { FKeptImages.SetLimit(Bytes); }
+  // Decodes an image file so that it is kept for loading, whatever is shown; one larger than the
+  // limit is only decoded. Throws as SetMapImgName does, and EInOutError when there is no such
+  // file.
+  void KeepImage(const std::string& Name);
   // Scales the image, and the calibration with it, so that the longer side gets LongestSide pixels,
   // or by Factor. The view goes to (0, 0), the magnification stays. Without an image, or with a
   // factor that is not above 0, nothing happens. Throws EZAVGeoMapError when the result could not
   // be held in memory.
   void ResizeMap(int32_t LongestSide);
   void ResizeMap(double Factor);
+
+  // --- generated maps ----------------------------------------------------------------------------
+  // Draws the host's own data on a generated map: the pixels of the whole bitmap are Width x
+  // Height, its borders in degrees those given. A plain function or nothing (nullptr).
+  using TDrawEmptyMapProc =
+      std::function<void(TGeoMap* Sender, TCanvas& Canvas, double LatLow, double LongLow,
+                         double LatHigh, double LongHigh, int32_t Width, int32_t Height)>;
+  // Makes a white map of a rectangle of degrees with parallels and meridians at multiples of the
+  // grid distances, labelled; calibrated as cmEquiRect by nine points. The corners may come in any
+  // order; a distance not above 0 is 1 degree, a side below 100 pixels 100. With Margin the
+  // rectangle lies 30 pixels inside the bitmap, in a frame. The image's name is "$unknown$". Throws
+  // as SetMapBitMap; for more than MaxDecodablePixels, and for a corner that is not finite,
+  // everything stays.
+  void CreateEmptyMapInMemory(double Lat1, double Long1, double Lat2, double Long2,
+                              double LatGridDist, double LongGridDist, int32_t Width,
+                              int32_t Height, bool Margin, const TDrawEmptyMapProc& DrawProc);
+  // The same without margin, written to files and loaded from them: FileName with the extensions
+  // ".bmp" and ".xml", in this order and each replaced whole; FileName itself is then loaded, so it
+  // should end in ".xml". A map of more than MaxMapPixels, which could not be loaded, is refused
+  // with EZAVGeoMapError before anything is written. Throws EInOutError.
+  void CreateAndLoadEmptyMap(const std::string& FileName, double Lat1, double Long1, double Lat2,
+                             double Long2, double LatGridDist, double LongGridDist, int32_t Width,
+                             int32_t Height, const TDrawEmptyMapProc& DrawProc);
 
   // --- saving, copying, printing -----------------------------------------------------------------
   // Writes the image, encoded again as JPEG of quality 95, and the calibration with the Id: both
@@ -553,6 +586,8 @@ class TGeoMap : public TCustomControl {
   TRenderHooks Hooks();
   TSize Render();
   void AcceptImage(const std::string& Name);
+  void TakeBitmap(const TBitmap& Bitmap);  // does not paint
+  TBitmap DrawnEmptyMap(const TEmptyMap& Map, const TDrawEmptyMapProc& DrawProc);
   TImageProgress ImageProgress();
   std::string ImagePath() const;
   double PrintFactor(TSize MapPart, int32_t Denominator, TSize Page) const;
@@ -565,6 +600,7 @@ class TGeoMap : public TCustomControl {
   std::string FCalDatName;
 
   TMapImage FImage;
+  TImageStore FKeptImages;
   std::string FImageBeside;  // the file beside which the image was looked for, empty = none
   TViewState FView;
   TZoomRing FZoomRing;

@@ -36,12 +36,16 @@ void TGeoMap::SetMapImgName(const std::string& Name) {
 }
 
 void TGeoMap::SetMapBitMap(const TBitmap& Bitmap) {
+  const auto Alive = Life();
+  TakeBitmap(Bitmap);
+  if (!Alive.expired()) Paint();
+}
+
+void TGeoMap::TakeBitmap(const TBitmap& Bitmap) {
   FImage.SetBitmap(Bitmap);
   AcceptImage(UnknownMapImgName);
   FImageBeside.clear();
-  const auto Alive = Life();
   ReportImage();
-  if (!Alive.expired()) Paint();
 }
 
 // Does not paint, so that loading a calibration paints once.
@@ -65,18 +69,35 @@ void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) 
     return Notify(&TGeoMapObserver::ImageChanged);
   }
 
-  std::optional<TBitmap> Bitmap;
-  try {
-    Bitmap = Framed([&] { return ReadMapBitmap(Path, ImageProgress()); });
-  } catch (const EImageCancelled&) {
-    if (Alive.expired()) return;  // there is no one left to tell
-    throw;
+  const TFileStamp File = StampOf(Path);
+  if (FKeptImages.Limit() == 0 || FImage.File() != File || !File.Known()) {
+    std::optional<TBitmap> Bitmap = FKeptImages.Take(File);
+    try {
+      if (!Bitmap) Bitmap = Framed([&] { return ReadMapBitmap(Path, ImageProgress()); });
+    } catch (const EImageCancelled&) {
+      if (Alive.expired()) return;  // there is no one left to tell
+      throw;
+    }
+    if (Alive.expired()) return;
+    if (Bitmap) FKeptImages.Keep(FImage.Exchange({File, std::move(*Bitmap)}));
   }
-  if (Alive.expired()) return;
-  if (Bitmap) FImage.SetBitmap(std::move(*Bitmap));
   AcceptImage(Given);
   FImageBeside = Beside;
   ReportImage();
+}
+
+void TGeoMap::KeepImage(const std::string& Name) {
+  const std::string Path = ResolveFile(Name);
+  if (Path.empty()) throw EInOutError(Name, "no such file");
+  const TFileStamp File = StampOf(Path);
+  if (FImage.File() == File || FKeptImages.Holds(File)) return;
+  Framed([&] {
+    TMapImage Image;
+    if (std::optional<TBitmap> Bitmap = ReadMapBitmap(Path, nullptr))
+      Image.Exchange({File, std::move(*Bitmap)});
+    Image.Accept(Path);
+    FKeptImages.Keep(Image.Exchange({}));
+  });
 }
 
 // OnDataLoading as a progress handler; it cancels when the control is gone.

@@ -15,16 +15,7 @@ namespace {
 // high resolution takes no memory beyond its own.
 constexpr double MaxCacheFactor = 2;
 
-int64_t PixelsOf(TSize Size) noexcept { return static_cast<int64_t>(Size.Width) * Size.Height; }
-
 TSize SizeOf(const TBitmap& Bitmap) noexcept { return {Bitmap.Width(), Bitmap.Height()}; }
-
-void CheckPixels(TSize Size, int64_t Limit) {
-  if (PixelsOf(Size) <= Limit) return;
-  throw EZAVGeoMapError("Cannot use map image, maximum of " + std::to_string(MaxMapPixels) +
-                        " pixels exceeded (size of map is " + std::to_string(Size.Width) + " x " +
-                        std::to_string(Size.Height) + ")");
-}
 
 void StretchWhole(const TBitmap& From, TBitmap& To, TStretchMode Mode) {
   TRasterCanvas(To).StretchDraw(
@@ -34,20 +25,28 @@ void StretchWhole(const TBitmap& From, TBitmap& To, TStretchMode Mode) {
 
 }  // namespace
 
+void CheckMapPixels(TSize Size, int64_t Limit) {
+  if (static_cast<int64_t>(Size.Width) * Size.Height <= Limit) return;
+  throw EZAVGeoMapError("Cannot use map image, maximum of " + std::to_string(MaxMapPixels) +
+                        " pixels exceeded (size of map is " + std::to_string(Size.Width) + " x " +
+                        std::to_string(Size.Height) + ")");
+}
+
 std::optional<TBitmap> ReadMapBitmap(const std::string& Path, const TImageProgress& Progress) {
   const TImageKind Kind = ImageKindOfName(Path);
   if (Kind == TImageKind::ikUnknown) return std::nullopt;
-  CheckPixels(ReadImageSize(Path, Kind), MaxDecodablePixels);
+  CheckMapPixels(ReadImageSize(Path, Kind), MaxDecodablePixels);
   return LoadImageFile(Path, Kind, Progress);
 }
 
-void TMapImage::SetBitmap(TBitmap Bitmap) {
+TStampedBitmap TMapImage::Exchange(TStampedBitmap Bitmap) {
   InvalidateCache();
-  FBitmap = std::move(Bitmap);
+  return {std::exchange(FFile, std::move(Bitmap.File)),
+          std::exchange(FBitmap, std::move(Bitmap.Bitmap))};
 }
 
 void TMapImage::Accept(const std::string& Name) {
-  CheckPixels(SizeOf(FBitmap), MaxMapPixels);
+  CheckMapPixels(SizeOf(FBitmap), MaxMapPixels);
   FName = Name;
   FWidth = FBitmap.Width();
   FHeight = FBitmap.Height();
@@ -62,7 +61,7 @@ void TMapImage::Forget() noexcept {
 void TMapImage::Resize(double Factor, TStretchMode Mode) {
   const TSize Size = {RoundHalfEven(FBitmap.Width() * Factor),
                       RoundHalfEven(FBitmap.Height() * Factor)};
-  CheckPixels(Size, MaxDecodablePixels);
+  CheckMapPixels(Size, MaxDecodablePixels);
   TBitmap Scaled(Size.Width, Size.Height, FBitmap.PixelFormat());
   StretchWhole(FBitmap, Scaled, Mode);
   SetBitmap(std::move(Scaled));

@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include <geomap/errors.h>
+#include <geomap/view/image_store.h>
 #include <platform/base/geometry.h>
 #include <platform/codec/image_file.h>
 #include <platform/host/canvas.h>
@@ -19,6 +21,9 @@ namespace zav {
 inline constexpr const char* UnknownMapImgName = "$unknown$";
 // No map image may have more pixels than this.
 constexpr int32_t MaxMapPixels = 3000000;
+
+// Throws EZAVGeoMapError with the bare reason when the size has more than Limit pixels.
+void CheckMapPixels(TSize Size, int64_t Limit);
 
 // Reads a ".jpg", ".jpeg" or ".bmp" file; nothing for another extension. Throws EZAVGeoMapError
 // with the bare reason for more than MaxDecodablePixels, before anything is decoded; the decoder's
@@ -45,7 +50,11 @@ class TMapImage {
   bool Empty() const noexcept { return FName.empty(); }
 
   // Takes the bitmap; the cache becomes invalid, name and size stay until Accept.
-  void SetBitmap(TBitmap Bitmap);
+  void SetBitmap(TBitmap Bitmap) { Exchange({{}, std::move(Bitmap)}); }
+  // The same for pixels that were read from a file; gives back those from before.
+  TStampedBitmap Exchange(TStampedBitmap Bitmap);
+  // The file that the bitmap was read from, as long as it is as read.
+  const TFileStamp& File() const noexcept { return FFile; }
   // Gives the bitmap its name; its size becomes the one that counts. Throws EZAVGeoMapError with
   // the bare reason, and changes nothing, when it has more than MaxMapPixels.
   void Accept(const std::string& Name);
@@ -66,6 +75,7 @@ class TMapImage {
 
  private:
   TBitmap FBitmap;
+  TFileStamp FFile;
   std::string FName;
   int32_t FWidth = 0;
   int32_t FHeight = 0;

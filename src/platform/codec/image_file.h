@@ -51,6 +51,10 @@ TBitmap DecodeImage(std::span<const uint8_t> Data, TImageKind Kind, const std::s
 void SaveJpegFile(const std::string& Path, const TBitmap& Bitmap, int Quality,
                   const TImageProgress& Progress = nullptr);
 
+// The same as a BMP file of 24 bits a pixel, without compression. Throws EInOutError also for a
+// bitmap without pixels.
+void SaveBmpFile(const std::string& Path, const TBitmap& Bitmap);
+
 }  // namespace zav
 
 #endif

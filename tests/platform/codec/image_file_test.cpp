@@ -171,5 +171,23 @@ TEST(SaveJpegFile, FailureKeepsTheOldFile) {
   EXPECT_EQ(ReadImageSize(Path, TImageKind::ikJpeg), (TSize{300, 200}));
 }
 
+TEST(ImageFile, BmpIsWrittenAsItIsRead) {
+  const TTempFolder Folder;
+  for (const TPixelFormat Format : {TPixelFormat::pf24bit, TPixelFormat::pf32bit}) {
+    for (int32_t Width = 1; Width <= 5; ++Width) {  // rows of every padding
+      TBitmap Bitmap(Width, 3, Format);
+      for (int32_t Y = 0; Y < 3; ++Y)
+        for (int32_t X = 0; X < Width; ++X)
+          Bitmap.SetPixel(X, Y,
+                          RgbColor(static_cast<uint8_t>(200 + X), static_cast<uint8_t>(Y), 7));
+      SaveBmpFile(Folder / "a.bmp", Bitmap);
+      EXPECT_EQ(LoadImageFile(Folder / "a.bmp", TImageKind::ikBmp),
+                Bitmap.Converted(TPixelFormat::pf32bit));
+    }
+  }
+  EXPECT_THROW(SaveBmpFile(Folder / "b.bmp", TBitmap()), EInOutError);
+  EXPECT_EQ(Folder.Names(), std::vector<std::string>{"a.bmp"});
+}
+
 }  // namespace
 }  // namespace zav::test

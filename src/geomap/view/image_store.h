@@ -1,0 +1,59 @@
+// image_store.h - decoded images of files, kept so that showing one again takes no decoding.
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_GEOMAP_VIEW_IMAGE_STORE_H
+#define ZAV_GEOMAP_VIEW_IMAGE_STORE_H
+
+#include <cstdint>
+#include <filesystem>
+#include <list>
+#include <optional>
+#include <string>
+
+#include <platform/raster/bitmap.h>
+
+namespace zav {
+
+// A file as it was at some time: one that was written since is another.
+struct TFileStamp {
+  std::string Path;
+  uintmax_t Size = 0;
+  std::filesystem::file_time_type Written;
+
+  bool Known() const noexcept { return !Path.empty(); }
+  friend bool operator==(const TFileStamp&, const TFileStamp&) = default;
+};
+
+// The stamp of a file now; not Known() when there is none.
+TFileStamp StampOf(const std::string& Path);
+
+// Pixels, and the file they were read from; not Known() when they come from elsewhere.
+struct TStampedBitmap {
+  TFileStamp File;
+  TBitmap Bitmap;
+};
+
+class TImageStore {
+ public:
+  // Bytes of pixels that are kept in all, 0 at first. Images beyond a smaller limit go.
+  int64_t Limit() const noexcept { return FLimit; }
+  void SetLimit(int64_t Bytes);
+  int64_t Used() const noexcept { return FUsed; }
+
+  // Keeps an image; those kept longest go for it. One without a known file, or larger than the
+  // limit, is not kept.
+  void Keep(TStampedBitmap Image);
+  bool Holds(const TFileStamp& File) const;
+  // Gives the image of a file out of the store, nothing when it is not kept.
+  std::optional<TBitmap> Take(const TFileStamp& File);
+
+ private:
+  void Shrink(int64_t Bytes);
+
+  int64_t FLimit = 0;
+  int64_t FUsed = 0;
+  std::list<TStampedBitmap> FImages;  // newest first
+};
+
+}  // namespace zav
+
+#endif
