@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include <geomap/calibration/calib_file.h>
 #include <platform/base/errors.h>
 #include <platform/base/paths.h>
 #include <platform/host/host.h>
@@ -20,12 +19,31 @@ constexpr TRect ZoomBounds{PointerBounds.Right + Gap, Gap, PointerBounds.Right +
                            Gap + Button};
 constexpr TRect ListBounds{ZoomBounds.Right + 10, 5, ZoomBounds.Right + 310, 29};
 
-// Whether a file can be shown: its calibration is found and whole.
-bool HoldsCalibration(const std::string& Path) {
-  TCalibData Data;
-  TCalibModel Model = TCalibModel::cmUndefined;
-  return ParseCalibData(Path, "", Data, Model);
-}
+// Several changes of a map that are to be painted once.
+class TPaintedOnce {
+ public:
+  explicit TPaintedOnce(TGeoMap& Map)
+      : FMap(Map), FAlive(Map.Life()), FOutermost(!Map.SuppressPaint()) {
+    FMap.SetSuppressPaint(true);
+  }
+  TPaintedOnce(const TPaintedOnce&) = delete;
+  TPaintedOnce& operator=(const TPaintedOnce&) = delete;
+  // When something was thrown, what the painting throws is of no interest.
+  ~TPaintedOnce() {
+    try {
+      Paint();
+    } catch (...) {
+    }
+  }
+  void Paint() {
+    if (FOutermost && !FAlive.expired() && FMap.SuppressPaint()) FMap.SetSuppressPaint(false);
+  }
+
+ private:
+  TGeoMap& FMap;
+  std::weak_ptr<const void> FAlive;
+  bool FOutermost;
+};
 
 }  // namespace
 
@@ -55,6 +73,7 @@ void TGeoAtlas::Build() {
   FCboxMaps->OnChange = [this] { CBoxMapsChange(); };
   FGeoMap->AddObserver(this);
   FGeoMap->SetEmptyMsg("TGeoAtlas: Empty");
+  if (FGeoMap->KeptImagesLimit() == 0) FGeoMap->SetKeptImagesLimit(DefaultKeptImages);
   SetSize(480, 320);
 }
 
@@ -77,7 +96,9 @@ void TGeoAtlas::FillList() {
 }
 
 bool TGeoAtlas::RegisterMap(const std::string& MapFName) {
-  if (!FRegister.Register(MapFName)) return false;
+  const bool Done = FRegister.Register(MapFName);
+  FProblem = FRegister.Problem();
+  if (!Done) return false;
   FillList();
   return true;
 }
@@ -92,27 +113,50 @@ void TGeoAtlas::UnregisterMap(int32_t Index) {
     FGeoMap->Paint();
 }
 
+void TGeoAtlas::UnregisterAll() {
+  FRegister.UnregisterAll();
+  FillList();
+  FGeoMap->Paint();
+}
+
+bool TGeoAtlas::Refuse(const std::string& Why) {
+  FProblem = Why;
+  return false;
+}
+
 bool TGeoAtlas::LoadMap(int32_t Index) {
   const std::string Path = FRegister.Path(Index);
+  const auto Alive = Life();
   try {
-    if (!HoldsCalibration(Path)) return false;
-    const auto Alive = Life();
+    ReadMapCalibration(Path);  // throws before anything changes
     const bool Complete = FGeoMap->LoadCalDataFromXML(Path, "");
     if (Alive.expired()) return false;
     // The files have no word for this model.
     if (Complete && FGeoMap->CalibModel() == TCalibModel::cmUndefined)
       FGeoMap->SetCalibModel(TCalibModel::cmParabolicIp);
-    return !Alive.expired();
-  } catch (const EZAVError&) {
-    return false;
+    if (Alive.expired()) return false;
+  } catch (const EZAVError& Error) {
+    return !Alive.expired() && Refuse(Error.what());
   }
+  FProblem.clear();
+  FLoadedResolution = FGeoMap->CalibData().Resolution;
+  FRegisteredResolution = FRegister.Definition(Index).Resolution;
+  return true;
 }
 
+double TGeoAtlas::ShownResolution() const {
+  const double Now = FGeoMap->CalibData().Resolution;
+  return Now == FLoadedResolution ? FRegisteredResolution : Now;
+}
+
+// Paints when the list tells which map it is: that one's outline is not drawn.
 bool TGeoAtlas::SelectMap(int32_t Index) {
-  if (Index < 1 || Index > FRegister.Count()) return false;
+  if (Index < 1 || Index > FRegister.Count()) return Refuse("There is no such map in the atlas");
   FCurrentMapIdx = Index;
+  TPaintedOnce Once(*FGeoMap);
   if (!LoadMap(Index)) return false;
   FCboxMaps->SetItemIndex(Index - 1);
+  Once.Paint();
   return true;
 }
 
@@ -130,12 +174,10 @@ bool TGeoAtlas::ZoomOut(double CurrentLat, double CurrentLong, double CurrentRes
 bool TGeoAtlas::GoTo(int32_t Index, double Lat, double Long) {
   if (Index == 0) return false;
   const auto Alive = Life();
-  const bool Suppressed = FGeoMap->SuppressPaint();
-  FGeoMap->SetSuppressPaint(true);
+  TPaintedOnce Once(*FGeoMap);
   SelectMap(Index);
-  if (Alive.expired()) return true;
-  FGeoMap->BringLocationToCenter(Lat, Long);
-  if (!Alive.expired() && !Suppressed) FGeoMap->SetSuppressPaint(false);
+  if (!Alive.expired()) FGeoMap->BringLocationToCenter(Lat, Long);
+  Once.Paint();
   return true;
 }
 
@@ -202,7 +244,11 @@ void TGeoAtlas::ChooseInList(int32_t ItemIndex) {
 void TGeoAtlas::CBoxMapsChange() {
   FCurrentMapIdx = FCboxMaps->ItemIndex() + 1;
   const auto Alive = Life();
-  LoadMap(FCurrentMapIdx);
+  {
+    TPaintedOnce Once(*FGeoMap);
+    LoadMap(FCurrentMapIdx);
+    Once.Paint();
+  }
   if (!Alive.expired()) Fire(&TGeoAtlas::OnCBoxMapsChange);
 }
 
@@ -223,8 +269,7 @@ void TGeoAtlas::MousePressed(TGeoMap& Map, TMouseButton Button, TShiftState Shif
   if (Alive.expired() || !FSBZoom->Down()) return;
   const double Lat = Map.GetLastMClickLatitude();
   const double Long = Map.GetLastMClickLongitude();
-  // The registered value: a map is then neither finer nor coarser than itself by rounding.
-  const double Resolution = FRegister.Definition(FCurrentMapIdx).Resolution;
+  const double Resolution = ShownResolution();
   if (Button == TMouseButton::mbLeft)
     ZoomIn(Lat, Long, Resolution);
   else
@@ -241,7 +286,9 @@ void TGeoAtlas::MouseReleased(TGeoMap& /*Map*/, TMouseButton Button, TShiftState
 
 void TGeoAtlas::ImageRequested(TGeoMap& /*Map*/, std::string& FileName) {
   const std::string Path = FRegister.Path(FCurrentMapIdx);
-  if (!Path.empty()) FileName = DirectoryOf(Path) + StripPath(FileName);
+  const std::string Beside = DirectoryOf(Path) + StripPath(FileName);
+  // A file that lies elsewhere can still be found as it is named.
+  if (!Path.empty() && !ResolveFile(Beside).empty()) FileName = Beside;
 }
 
 }  // namespace zav

@@ -5,6 +5,9 @@
 // button is down a click with the left button goes to a more detailed map, with any other button to
 // a less detailed one. The outlines of the other maps are drawn over the map.
 //
+// Images of the maps that were shown last stay in memory, up to DefaultKeptImages bytes besides the
+// one that is shown, so that going back to one takes no decoding: TGeoMap::SetKeptImagesLimit.
+//
 // Nothing here throws but what the embedded map throws while it paints; a map that cannot be shown
 // is told by false. Handlers may change or destroy the atlas.
 // SPDX-License-Identifier: MIT
@@ -31,11 +34,14 @@ inline constexpr int32_t crHandPoint = -21;
 class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
  public:
   static constexpr int32_t PanelHeight = 33;
+  // Eight maps of the largest size, 32 bits a pixel.
+  static constexpr int64_t DefaultKeptImages = int64_t{8} * 4 * MaxMapPixels;
 
   // 480 x 320 control pixels, without maps. The map is made by the atlas and fills what the panel
   // leaves.
   TGeoAtlas(TComponent* Owner, THost& Host);
-  // The map is the host's, which places it and lets it outlive the atlas.
+  // The map is the host's, which places it and lets it outlive the atlas. Its limit of kept images
+  // is raised to DefaultKeptImages if it is 0.
   TGeoAtlas(TComponent* Owner, THost& Host, TGeoMap& Map);
   ~TGeoAtlas() override;
 
@@ -50,6 +56,8 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   // Does nothing outside 1..GetNumRegMaps(). When the map chosen in the list is removed, the one
   // that moves into its place is shown; CurrentMapIdx() is not adjusted otherwise.
   void UnregisterMap(int32_t Index);
+  // Removes all; the map that is shown stays.
+  void UnregisterAll();
   int32_t GetNumRegMaps() const noexcept { return FRegister.Count(); }
   TMapDefinition GetMapDef(int32_t Index) const { return FRegister.Definition(Index); }
   const TMapRegister& Maps() const noexcept { return FRegister; }
@@ -57,6 +65,11 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   int32_t CurrentMapIdx() const noexcept { return FCurrentMapIdx; }
   // Shows a map. False outside 1..GetNumRegMaps() and when its file cannot be read.
   bool SelectMap(int32_t Index);
+  // Why the last of RegisterMap and SelectMap was false, for people; empty when it was true.
+  const std::string& Problem() const noexcept { return FProblem; }
+  // The registered resolution of the map that is shown, so that a map is neither finer nor coarser
+  // than itself by rounding; that of the calibration when it has been changed since.
+  double ShownResolution() const;
 
   // Shows the least step more (less) detailed map that covers a position, which then is in the
   // middle as far as the map's edge allows. Resolutions are metres per pixel. False, and nothing
@@ -109,6 +122,7 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   void PlaceMap();
   void FillList();
   bool LoadMap(int32_t Index);
+  bool Refuse(const std::string& Why);
   bool GoTo(int32_t Index, double Lat, double Long);
   void ModeButtonClick(TNotifyEvent TGeoAtlas::*Event);
   void CBoxMapsChange();
@@ -127,7 +141,11 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   std::unique_ptr<TSpeedButton> FSBZoom;
   std::unique_ptr<TComboBox> FCboxMaps;
   TMapRegister FRegister;
+  std::string FProblem;
   int32_t FCurrentMapIdx = 0;
+  // Of the map loaded last: as its calibration tells it, and as it was registered.
+  double FLoadedResolution = 0;
+  double FRegisteredResolution = 0;
   int32_t FCursor = 0;
   double FMinResDiff = 10;
   TColor FMapOLColor = 0xFF0000;

@@ -5,21 +5,37 @@
 #include <geomap/calibration/calib_file.h>
 #include <geomap/calibration/calibration.h>
 #include <platform/base/errors.h>
+#include <platform/base/paths.h>
 #include <platform/base/text.h>
 
 namespace zav {
 
-bool TMapRegister::Register(const std::string& MapFName) {
+TCalibData ReadMapCalibration(const std::string& MapFName) {
   TCalibData Data;
   TCalibModel Model = TCalibModel::cmUndefined;
+  if (ResolveFile(MapFName).empty()) throw EInOutError(MapFName, "no such file");
+  if (!ParseCalibData(MapFName, "", Data, Model))
+    throw EInOutError(MapFName, "holds no map calibration");
+  return Data;
+}
+
+bool TMapRegister::Refuse(const std::string& Why) {
+  FProblem = Why;
+  return false;
+}
+
+bool TMapRegister::Register(const std::string& MapFName) {
+  TCalibData Data;
   try {
-    if (!ParseCalibData(MapFName, "", Data, Model)) return false;
-  } catch (const EZAVError&) {
-    return false;
+    Data = ReadMapCalibration(MapFName);
+  } catch (const EZAVError& Error) {
+    return Refuse(Error.what());
   }
+  FProblem.clear();
   int32_t Index = Find(MapFName);
   if (Index == 0) {
-    if (FCount == Capacity) return false;
+    if (FCount == Capacity)
+      return Refuse("An atlas holds " + std::to_string(Capacity) + " maps at most");
     Index = ++FCount;
     if (FSlots.size() < static_cast<size_t>(FCount)) FSlots.emplace_back();
   }

@@ -33,8 +33,11 @@ class TMapRegister {
   // upper or lower case, is read again in its place. False, and nothing changes, when it holds no
   // calibration, is damaged or cannot be read, and for a 201st map.
   bool Register(const std::string& MapFName);
+  // Why the last Register was false, for people; empty when it was true.
+  const std::string& Problem() const noexcept { return FProblem; }
   // Removes a map; those after it move up. False for an index outside 1..Count().
   bool Unregister(int32_t Index);
+  void UnregisterAll() noexcept { FCount = 0; }
 
   // A copy of a slot. Slots from Count() + 1 to 200 hold what they held last; any other index gives
   // an empty definition.
@@ -58,10 +61,15 @@ class TMapRegister {
     std::string Path;
   };
   const TMapDefinition* MapAt(int32_t Index) const;
+  bool Refuse(const std::string& Why);
 
   int32_t FCount = 0;
+  std::string FProblem;
   std::vector<TSlot> FSlots;  // FCount in use, then those that were
 };
+
+// Reads the calibration that a map has. Throws an EZAVError that tells people why there is none.
+TCalibData ReadMapCalibration(const std::string& MapFName);
 
 // The lines of a map's outline on another map. PixelOf(Position, Pixel) tells whether a corner has
 // a pixel; one that has none is left out and the line runs on to the next.

@@ -4,6 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
 
 #include "atlas_files.h"
 #include "support/recording_canvas.h"
@@ -162,6 +166,66 @@ TEST_F(GeoAtlasTest, TheListShowsMapsAndHandlersMayDestroyTheAtlas) {
     if (Event == 2) Raw.GeoMap().MouseDown(TMouseButton::mbLeft, 0, 5, 5);
     EXPECT_EQ(Doomed, nullptr);
   }
+}
+
+// The map that is selected is painted once, without its own outline.
+TEST_F(GeoAtlasTest, PaintsOnceAndKeepsImages) {
+  struct TCounter final : TGeoMapObserver {
+    int Paints = 0;
+    void Painted(TGeoMap&) override { ++Paints; }
+  } Counter;
+  TGeoMap& Map = Atlas.GeoMap();
+  Map.AddObserver(&Counter);
+  int Decoded = 0;
+  Map.OnDataLoading = [&](TGeoMap*, int Percent, bool&) { Decoded += Percent == 100 ? 1 : 0; };
+  const auto BlueAt = [&](TPoint P) {
+    return TTestHost::WindowOf(Map).Buffer().Pixel(P.X, P.Y) == 0xFF0000;
+  };
+  for (const int32_t Index : {1, 3, 1, 2}) {
+    Counter.Paints = 0;
+    ASSERT_TRUE(Atlas.SelectMap(Index));
+    EXPECT_EQ(Counter.Paints, 1);
+    EXPECT_FALSE(BlueAt({0, 50})) << "its own outline";
+  }
+  EXPECT_EQ(Decoded, 3) << "the world's image was kept";
+  EXPECT_TRUE(BlueAt(At(45, 13))) << "the alps on Europe";
+  Counter.Paints = 0;
+  EXPECT_TRUE(Atlas.ZoomIn(46, 8, Atlas.ShownResolution()));
+  EXPECT_EQ(Counter.Paints, 1);
+  Atlas.UnregisterAll();
+  EXPECT_EQ(Atlas.GetNumRegMaps(), 0);
+  EXPECT_EQ(Shown(), "alps");
+  Map.RemoveObserver(&Counter);
+}
+
+// What goes wrong is told, and never leaves the map without repaints.
+TEST_F(GeoAtlasTest, ProblemsAreTold) {
+  EXPECT_FALSE(Atlas.SelectMap(4));
+  EXPECT_NE(Atlas.Problem(), "");
+  ASSERT_TRUE(Atlas.SelectMap(2));
+  EXPECT_EQ(Atlas.Problem(), "");
+  EXPECT_FALSE(Atlas.RegisterMap(Folder / "none.xml"));
+  EXPECT_NE(Atlas.Problem().find("none.xml: no such file"), std::string::npos);
+  std::ofstream(Folder / "Alps.bmp") << "BM damaged";
+  EXPECT_FALSE(Atlas.SelectMap(3));
+  EXPECT_NE(Atlas.Problem().find("Alps.bmp"), std::string::npos) << Atlas.Problem();
+  EXPECT_FALSE(Atlas.GeoMap().SuppressPaint());
+  Atlas.GeoMap().OnDataLoading = [](TGeoMap*, int, bool&) { throw std::runtime_error("handler"); };
+  EXPECT_THROW(Atlas.SelectMap(1), std::runtime_error);
+  EXPECT_THROW(Atlas.ZoomOut(46, 8, Atlas.GetMapDef(2).Resolution), std::runtime_error);
+  EXPECT_FALSE(Atlas.GeoMap().SuppressPaint());
+  // An image that does not lie beside its file is found as it is named.
+  Atlas.GeoMap().OnDataLoading = nullptr;
+  std::filesystem::create_directory(Folder / "sub");
+  WriteMap(Folder / "sub/New.XML", "unused", "new", 0, 0, 10);
+  test::WriteImage(Folder / "New.bmp");
+  std::ifstream Given(Folder / "sub/New.XML", std::ios::binary);
+  std::string Text((std::istreambuf_iterator<char>(Given)), {});
+  Text.replace(Text.find("elsewhere/unused"), 16, Folder / "New.bmp");
+  std::ofstream(Folder / "sub/New.XML", std::ios::binary) << Text;
+  ASSERT_TRUE(Atlas.RegisterMap(Folder / "sub/New.XML"));
+  ASSERT_TRUE(Atlas.SelectMap(4));
+  EXPECT_EQ(Atlas.GeoMap().MapImgWidth(), 200);
 }
 
 // One closed line for each map but the chosen one, at every magnification.
