@@ -64,8 +64,9 @@ void TFreeCaptions::Update() {
 }
 
 bool TFreeCaptions::Draw(TCanvas& Canvas, TPoint Position, const TLandMark& LandMark) {
+  const TSize Drawn = FMap.DrawnSize();
   const bool Inside =
-      Position.X > 0 && Position.Y > 0 && Position.X < FMap.Width() && Position.Y < FMap.Height();
+      Position.X > 0 && Position.Y > 0 && Position.X < Drawn.Width && Position.Y < Drawn.Height;
   if (!Inside) return false;
   if (!IsPlacedRight(FMap.Calibration(), LandMark.Latitude, LandMark.Longitude)) return true;
   if (FCaptions == TCaptions::All || LandMark.Caption.Text.View().empty()) return false;

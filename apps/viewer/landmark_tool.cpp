@@ -12,53 +12,24 @@
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
+#include "arrow_step.h"
 #include "common/free_captions.h"
 #include "landmark_document.h"
 #include "landmark_overlay.h"
+#include "landmark_shapes.h"
 
 namespace zav {
 
 namespace {
 
 constexpr double DragThreshold = 4;  // control pixels; a click may shake as much
-constexpr double Pi = 3.141592653589793;
+constexpr int KeyPause = 800;        // milliseconds
+constexpr int FarKeyStep = 10;       // control pixels, with Shift
 
 // A centimetre on the ground; more digits would only be in the way.
 double Rounded(double Degrees) { return std::round(Degrees * 1e7) / 1e7; }
 
 double LengthOf(QPointF Way) { return std::hypot(Way.x(), Way.y()); }
-
-// Points about a middle, at a distance in degrees.
-std::vector<TCoords> CircleAbout(const TCoords& Middle, double Radius) {
-  constexpr int Steps = 72;
-  std::vector<TCoords> Points;
-  for (int i = 0; i < Steps; ++i) {
-    const double Angle = 2 * Pi * i / Steps;
-    Points.push_back(
-        {Middle.Latit + Radius * std::cos(Angle), Middle.Longit + Radius * std::sin(Angle)});
-  }
-  return Points;
-}
-
-// The outline of the parallels and meridians through two corners.
-std::vector<TCoords> RectangleOf(const TCoords& A, const TCoords& B) {
-  constexpr int Steps = 16;
-  const TCoords Corners[] = {A, {A.Latit, B.Longit}, B, {B.Latit, A.Longit}};
-  std::vector<TCoords> Points;
-  for (size_t k = 0; k < 4; ++k)
-    for (int i = 0; i < Steps; ++i) {
-      const double Share = static_cast<double>(i) / Steps;
-      const TCoords& From = Corners[k];
-      const TCoords& To = Corners[(k + 1) % 4];
-      Points.push_back({From.Latit + (To.Latit - From.Latit) * Share,
-                        From.Longit + (To.Longit - From.Longit) * Share});
-    }
-  return Points;
-}
-
-double DegreesBetween(const TCoords& A, const TCoords& B) {
-  return std::hypot(A.Latit - B.Latit, A.Longit - B.Longit);
-}
 
 }  // namespace
 
@@ -71,6 +42,9 @@ LandmarkTool::LandmarkTool(GeoMapWidget& Widget, LandmarkDocument& Document, QOb
   connect(&Widget, &GeoMapWidget::viewChanged, this, &LandmarkTool::updateRing);
   connect(&Widget, &GeoMapWidget::calibrationChanged, this, &LandmarkTool::updateRing);
   connect(&Document, &LandmarkDocument::changed, this, &LandmarkTool::updateRing);
+  FKeyPause.setSingleShot(true);
+  FKeyPause.setInterval(KeyPause);
+  connect(&FKeyPause, &QTimer::timeout, &Document, &LandmarkDocument::endMerge);
 }
 
 void LandmarkTool::setActive(bool Active) {
@@ -246,6 +220,9 @@ bool LandmarkTool::release(const QMouseEvent& Event) {
 }
 
 bool LandmarkTool::handleKey(const QKeyEvent& Event) {
+  if (const std::optional<QPoint> Step = ArrowStep(Event.key())) {
+    return moveSelected(*Step * (Event.modifiers().testFlag(Qt::ShiftModifier) ? FarKeyStep : 1));
+  }
   if (Event.key() != Qt::Key_Escape || Event.modifiers() != Qt::NoModifier) return false;
   if (FDrag != Drag::None) {
     abort();
@@ -259,8 +236,22 @@ bool LandmarkTool::handleKey(const QKeyEvent& Event) {
   return true;
 }
 
+bool LandmarkTool::moveSelected(QPoint Step) {
+  if (FDrag != Drag::None || !FDocument.has(FSelected)) return false;
+  const TLandMark& Shown = FDocument.list()[FSelected];
+  bool Known = false;
+  const QPointF At = controlOf({Shown.Latitude, Shown.Longitude}, Known);
+  if (!Known) return false;
+  FKeyPause.stop();
+  moveTo(At + Step);
+  FKeyPause.start();
+  goTo(FSelected);
+  return true;
+}
+
 void LandmarkTool::abort() {
   const Drag Was = FDrag;
+  FKeyPause.stop();
   FDrag = Drag::None;
   FOverlay->setShape({});
   if (Was == Drag::Landmark)

@@ -13,6 +13,7 @@
 #include <QPoint>
 #include <QPointF>
 #include <QString>
+#include <QTimer>
 
 #include <geomap/calibration/calib_data.h>
 #include <geomap/landmarks/landmark.h>
@@ -80,6 +81,7 @@ class LandmarkTool final : public QObject {
   bool move(const QMouseEvent& Event);
   bool release(const QMouseEvent& Event);
   bool handleKey(const QKeyEvent& Event);
+  bool moveSelected(QPoint Step);
   void click(QPoint Control);
   void addAt(QPointF Control);
   void moveTo(QPointF Control);
@@ -107,6 +109,7 @@ class LandmarkTool final : public QObject {
   QPointF FPressed;
   QPointF FMouse;
   QPointF FGrabbed;  // where the landmark was in the control
+  QTimer FKeyPause;  // a pause between arrow keys ends the step of undo
 };
 
 }  // namespace zav

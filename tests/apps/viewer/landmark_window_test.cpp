@@ -148,6 +148,12 @@ TEST_F(LandmarkTest, PlacedNamedMovedAndTakenBack) {
   QTest::keyClick(&Widget(), Qt::Key_Escape);
   QTest::mouseRelease(&Widget(), Qt::LeftButton, {}, ControlAt(1200, 800));
   EXPECT_EQ(PixelOf(1), (TPoint{1050, 740}));
+  // By arrow keys, ten pixels with Shift; one step of undo.
+  for (int i = 0; i < 3; ++i) QTest::keyClick(&Widget(), Qt::Key_Right);
+  QTest::keyClick(&Widget(), Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(PixelOf(1), (TPoint{1053, 730}));
+  Document().undo();
+  EXPECT_EQ(PixelOf(1), (TPoint{1050, 740}));
   // A drag elsewhere moves the map; a click there adds nothing.
   const TPoint Before = Widget().map().TopLeft();
   Drag(ControlAt(900, 600), ControlAt(940, 600));
