@@ -69,7 +69,7 @@ void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) 
     return Notify(&TGeoMapObserver::ImageChanged);
   }
 
-  const TFileStamp File = StampOf(Path);
+  const TImageStamp File = ImageStampOf(Path);
   if (FKeptImages.Limit() == 0 || FImage.File() != File || !File.Known()) {
     std::optional<TBitmap> Bitmap = FKeptImages.Take(File);
     try {
@@ -89,7 +89,7 @@ void TGeoMap::LoadImage(const std::string& Name, const std::string& BesideFile) 
 void TGeoMap::KeepImage(const std::string& Name) {
   const std::string Path = ResolveFile(Name);
   if (Path.empty()) throw EInOutError(Name, "no such file");
-  const TFileStamp File = StampOf(Path);
+  const TImageStamp File = ImageStampOf(Path);
   if (FImage.File() == File || FKeptImages.Holds(File)) return;
   Framed([&] {
     TMapImage Image;

@@ -15,9 +15,9 @@ int64_t BytesOf(const TBitmap& Bitmap) {
 
 }  // namespace
 
-TFileStamp StampOf(const std::string& Path) {
+TImageStamp ImageStampOf(const std::string& Path) {
   std::error_code Error;
-  TFileStamp Stamp;
+  TImageStamp Stamp;
   Stamp.Size = std::filesystem::file_size(Path, Error);
   if (Error) return {};
   Stamp.Written = std::filesystem::last_write_time(Path, Error);
@@ -54,12 +54,12 @@ void TImageStore::Keep(TStampedBitmap Image) {
   FUsed += Bytes;
 }
 
-bool TImageStore::Holds(const TFileStamp& File) const {
+bool TImageStore::Holds(const TImageStamp& File) const {
   return std::any_of(FImages.begin(), FImages.end(),
                      [&](const TStampedBitmap& Each) { return Each.File == File; });
 }
 
-std::optional<TBitmap> TImageStore::Take(const TFileStamp& File) {
+std::optional<TBitmap> TImageStore::Take(const TImageStamp& File) {
   const auto Found = std::find_if(FImages.begin(), FImages.end(),
                                   [&](const TStampedBitmap& Each) { return Each.File == File; });
   if (!File.Known() || Found == FImages.end()) return std::nullopt;

@@ -14,21 +14,21 @@
 namespace zav {
 
 // A file as it was at some time: one that was written since is another.
-struct TFileStamp {
+struct TImageStamp {
   std::string Path;
   uintmax_t Size = 0;
   std::filesystem::file_time_type Written;
 
   bool Known() const noexcept { return !Path.empty(); }
-  friend bool operator==(const TFileStamp&, const TFileStamp&) = default;
+  friend bool operator==(const TImageStamp&, const TImageStamp&) = default;
 };
 
 // The stamp of a file now; not Known() when there is none.
-TFileStamp StampOf(const std::string& Path);
+TImageStamp ImageStampOf(const std::string& Path);
 
 // Pixels, and the file they were read from; not Known() when they come from elsewhere.
 struct TStampedBitmap {
-  TFileStamp File;
+  TImageStamp File;
   TBitmap Bitmap;
 };
 
@@ -42,9 +42,9 @@ class TImageStore {
   // Keeps an image; those kept longest go for it. One without a known file, or larger than the
   // limit, is not kept.
   void Keep(TStampedBitmap Image);
-  bool Holds(const TFileStamp& File) const;
+  bool Holds(const TImageStamp& File) const;
   // Gives the image of a file out of the store, nothing when it is not kept.
-  std::optional<TBitmap> Take(const TFileStamp& File);
+  std::optional<TBitmap> Take(const TImageStamp& File);
 
  private:
   void Shrink(int64_t Bytes);

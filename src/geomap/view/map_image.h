@@ -54,7 +54,7 @@ class TMapImage {
   // The same for pixels that were read from a file; gives back those from before.
   TStampedBitmap Exchange(TStampedBitmap Bitmap);
   // The file that the bitmap was read from, as long as it is as read.
-  const TFileStamp& File() const noexcept { return FFile; }
+  const TImageStamp& File() const noexcept { return FFile; }
   // Gives the bitmap its name; its size becomes the one that counts. Throws EZAVGeoMapError with
   // the bare reason, and changes nothing, when it has more than MaxMapPixels.
   void Accept(const std::string& Name);
@@ -75,7 +75,7 @@ class TMapImage {
 
  private:
   TBitmap FBitmap;
-  TFileStamp FFile;
+  TImageStamp FFile;
   std::string FName;
   int32_t FWidth = 0;
   int32_t FHeight = 0;

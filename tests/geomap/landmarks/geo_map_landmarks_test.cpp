@@ -330,7 +330,10 @@ TEST(GeoMapLandMarks, AssignTakesLandMarksAndLeavesTheSourceAlone) {
 TEST(GeoMapLandMarks, ThinnedPicturesCanBeRepeated) {
   TLandMarkMap T;
   T.Map.SetSuppressPaint(true);
-  for (int32_t I = 0; I < 1200; ++I) T.Map.AddLandMark(-1 - I % 40 * 0.4, 1 + I / 40 * 0.9, 0);
+  for (int32_t I = 0; I < 1200; ++I) {
+    const int32_t Column = I / 40;
+    T.Map.AddLandMark(-1 - I % 40 * 0.4, 1 + Column * 0.9, 0);
+  }
   T.Map.SetRandSampleLimit(1001);
   T.Map.SetSuppressPaint(false);
   std::vector<TBitmap> Pictures;

@@ -130,7 +130,8 @@ TEST(LandMarkStore, RemovesRegions) {
   // Tags 1 to 9 on a grid: latitudes 1, 2, 3 by longitudes 1, 2, 3; classes 0 and 1 by turns.
   TLandMarkStore Grid;
   for (int32_t I = 0; I < 9; ++I) {
-    Grid.Add(At(1 + I / 3, 1 + I % 3, static_cast<uint8_t>(I % 2), I + 1), nullptr);
+    const int32_t Row = I / 3;
+    Grid.Add(At(1 + Row, 1 + I % 3, static_cast<uint8_t>(I % 2), I + 1), nullptr);
   }
   struct TCase {
     const char* What;
