@@ -105,6 +105,7 @@ bool TGeoAtlas::RegisterMap(const std::string& MapFName) {
 
 void TGeoAtlas::UnregisterMap(int32_t Index) {
   if (!FRegister.Unregister(Index)) return;
+  FProblem.clear();
   const int32_t Chosen = FCboxMaps->ItemIndex() + 1;
   FillList();
   if (Chosen == Index)
@@ -114,6 +115,7 @@ void TGeoAtlas::UnregisterMap(int32_t Index) {
 }
 
 void TGeoAtlas::UnregisterAll() {
+  FProblem.clear();
   FRegister.UnregisterAll();
   FillList();
   FGeoMap->Paint();
@@ -138,8 +140,11 @@ bool TGeoAtlas::LoadMap(int32_t Index) {
   } catch (const EZAVError& Error) {
     return !Alive.expired() && Refuse(Error.what());
   }
-  FProblem.clear();
-  FLoadedResolution = FGeoMap->CalibData().Resolution;
+  const TCalibData& Data = FGeoMap->CalibData();
+  FProblem = FGeoMap->MapImgFile().empty()
+                 ? Path + ": the map image \"" + Data.MapFName + "\" was not found"
+                 : std::string();
+  FLoadedResolution = Data.Resolution;
   FRegisteredResolution = FRegister.Definition(Index).Resolution;
   return true;
 }
@@ -172,6 +177,7 @@ bool TGeoAtlas::ZoomOut(double CurrentLat, double CurrentLong, double CurrentRes
 
 // Paints once, when the position is in the middle.
 bool TGeoAtlas::GoTo(int32_t Index, double Lat, double Long) {
+  FProblem.clear();
   if (Index == 0) return false;
   const auto Alive = Life();
   TPaintedOnce Once(*FGeoMap);
@@ -217,6 +223,7 @@ void TGeoAtlas::DataRendered(TGeoMap& Map, TCanvas& Canvas) {
 // --- the panel -----------------------------------------------------------------------------------
 
 void TGeoAtlas::ModeButtonClick(TNotifyEvent TGeoAtlas::*Event) {
+  FProblem.clear();
   const bool Zoom = FSBZoom->Down();
   const auto Alive = Life();
   FCursor = Zoom ? crGeoZoom : crHandPoint;

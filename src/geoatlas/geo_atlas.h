@@ -65,7 +65,8 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   int32_t CurrentMapIdx() const noexcept { return FCurrentMapIdx; }
   // Shows a map. False outside 1..GetNumRegMaps() and when its file cannot be read.
   bool SelectMap(int32_t Index);
-  // Why the last of RegisterMap and SelectMap was false, for people; empty when it was true.
+  // What went wrong in the last operation on maps, for people: why it was false, why a map that was
+  // chosen could not be loaded, or that its image was not found. Empty when all went well.
   const std::string& Problem() const noexcept { return FProblem; }
   // The registered resolution of the map that is shown, so that a map is neither finer nor coarser
   // than itself by rounding; that of the calibration when it has been changed since.

@@ -3,7 +3,6 @@
 #include <platform/qt/geo_map_widget.h>
 
 #include <cmath>
-#include <exception>
 #include <utility>
 
 #include <QContextMenuEvent>
@@ -16,10 +15,11 @@
 #include <QPointer>
 #include <QResizeEvent>
 
-#include <geomap/calibration/calib_file.h>
+#include <geoatlas/map_register.h>
 #include <platform/base/paths.h>
 #include <platform/qt/qt_control_window.h>
 #include <platform/qt/qt_convert.h>
+#include <platform/qt/qt_guard.h>
 #include <platform/qt/qt_image.h>
 
 namespace zav {
@@ -61,27 +61,12 @@ QImage GeoMapWidget::picture() const {
 
 bool GeoMapWidget::Guarded(const std::function<void()>& Call) {
   const QPointer<GeoMapWidget> Self(this);
-  QString Reason;
-  try {
+  const auto AtItsSize = [&] {
     // Qt tells of a new size only when the widget is shown; operations count with it before.
     if (testAttribute(Qt::WA_PendingResizeEvent)) FMap->SetSize(width(), height());
     if (Self) Call();
-    return !Self.isNull();
-  } catch (const std::exception& Error) {
-    Reason = ToQString(Error.what());
-  } catch (...) {
-    Reason = tr("Unknown error");
-  }
-  if (Self) ReportError(Reason);
-  return false;
-}
-
-void GeoMapWidget::ReportError(const QString& Text) noexcept {
-  try {
-    Q_EMIT errorOccurred(Text);
-  } catch (...) {
-    // A slot that cannot take the message has nobody left to tell.
-  }
+  };
+  return RunGuarded(this, AtItsSize, [this](const QString& Text) { Q_EMIT errorOccurred(Text); });
 }
 
 // --- loading
@@ -92,12 +77,9 @@ bool GeoMapWidget::loadMap(const QString& CalibrationFile) {
 
 void GeoMapWidget::LoadCalibration(const QString& CalibrationFile) {
   const std::string Path = FromQString(CalibrationFile);
-  if (ResolveFile(Path).empty()) throw EInOutError(Path, "no such file");
   // Read once before anything changes, because the map keeps silent about a file without
   // calibration.
-  TCalibData Data;
-  TCalibModel Model = TCalibModel::cmUndefined;
-  if (!ParseCalibData(Path, "", Data, Model)) throw EInOutError(Path, "holds no map calibration");
+  const TCalibData Data = ReadMapCalibration(Path);
 
   const QPointer<GeoMapWidget> Self(this);
   FMapFile = CalibrationFile;

@@ -247,7 +247,6 @@ class GeoMapWidget : public QWidget, private TGeoMapObserver {
   TQtControlWindow& Window() const;
   // Runs Call and reports what it throws. True when it threw nothing and the widget still exists.
   bool Guarded(const std::function<void()>& Call);
-  void ReportError(const QString& Text) noexcept;
   // Runs Set, and tells when what Get returns is another value then.
   template <class TValue>
   void Change(TValue (GeoMapWidget::*Get)() const, const std::function<void()>& Set);

@@ -1,0 +1,146 @@
+// geo_atlas_widget.h - a widget that shows one of several maps: TGeoAtlas for Qt developers.
+//
+//   auto* Atlas = new zav::GeoAtlasWidget;
+//   layout->addWidget(Atlas);
+//   connect(Atlas, &zav::GeoAtlasWidget::errorOccurred, this, &Window::showError);
+//   for (const QString& File : Files) Atlas->registerMap(File);
+//   Atlas->selectMap(1);
+//
+// The map is shown in a GeoMapWidget, mapWidget(), whose members and signals are all there to be
+// used. Above it a panel holds a pointer button, a zoom button and the list of maps; it can be
+// hidden. While the zoom button is down, a click with the left button goes to a more detailed map
+// of the place, with any other button to a less detailed one.
+//
+// What has no Qt member is done on atlas(), the control itself; changes made there are signalled at
+// the next event. Exceptions end as with GeoMapWidget: in errorOccurred().
+// SPDX-License-Identifier: MIT
+#ifndef ZAV_PLATFORM_QT_GEO_ATLAS_WIDGET_H
+#define ZAV_PLATFORM_QT_GEO_ATLAS_WIDGET_H
+
+#include <functional>
+#include <memory>
+
+#include <QColor>
+#include <QString>
+#include <QWidget>
+
+#include <geoatlas/geo_atlas.h>
+#include <platform/qt/geo_map_widget.h>
+
+namespace zav {
+
+class GeoAtlasWidget : public QWidget, private TGeoMapObserver {
+  Q_OBJECT
+
+  Q_PROPERTY(int mapCount READ mapCount NOTIFY mapsChanged)
+  Q_PROPERTY(int currentMap READ currentMap WRITE selectMap NOTIFY currentMapChanged)
+  Q_PROPERTY(bool zoomMode READ zoomMode WRITE setZoomMode NOTIFY zoomModeChanged)
+  Q_PROPERTY(bool commandPanelVisible READ commandPanelVisible WRITE setCommandPanelVisible NOTIFY
+                 settingsChanged)
+  Q_PROPERTY(
+      QColor mapOutlineColor READ mapOutlineColor WRITE setMapOutlineColor NOTIFY settingsChanged)
+  Q_PROPERTY(bool mapOutlineVisible READ mapOutlineVisible WRITE setMapOutlineVisible NOTIFY
+                 settingsChanged)
+  Q_PROPERTY(double minResDiff READ minResDiff WRITE setMinResDiff NOTIFY settingsChanged)
+  Q_PROPERTY(
+      qint64 keptImagesLimit READ keptImagesLimit WRITE setKeptImagesLimit NOTIFY settingsChanged)
+
+ public:
+  explicit GeoAtlasWidget(QWidget* Parent = nullptr);
+  ~GeoAtlasWidget() override;
+
+  TGeoAtlas& atlas() noexcept { return *FAtlas; }
+  const TGeoAtlas& atlas() const noexcept { return *FAtlas; }
+  // The widget in which the map is shown. It belongs to this one.
+  GeoMapWidget& mapWidget() const noexcept { return *FMapWidget; }
+
+  // Maps are numbered from 1, 0 is none.
+  int mapCount() const;
+  // The map selected last, also when it could not be loaded.
+  int currentMap() const;
+  QString mapFile(int Index) const;
+  QString mapCaption(int Index) const;
+  bool zoomMode() const;
+  bool commandPanelVisible() const;
+  QColor mapOutlineColor() const;
+  bool mapOutlineVisible() const;
+  // Percent by which a map must be more detailed to be gone to.
+  double minResDiff() const;
+  // Bytes of images that are kept in memory besides the one that is shown, those shown longest ago
+  // go first; 96,000,000 at first, room for eight maps of the largest size.
+  qint64 keptImagesLimit() const;
+
+  QSize sizeHint() const override { return {480, 320}; }
+
+ public Q_SLOTS:
+  // Adds a map by its calibration file, or reads it again. False, and errorOccurred() tells why,
+  // when it cannot be read or 200 maps are there.
+  bool registerMap(const QString& CalibrationFile);
+  // The next map takes its place, also on the screen.
+  void unregisterMap(int Index);
+  void unregisterAll();
+  // False, and errorOccurred() tells why, when there is no such map or it cannot be loaded. A
+  // missing image is told by errorOccurred() only.
+  bool selectMap(int Index);
+  // Shows the map that covers a position and is the least step more (less) detailed than the one
+  // that is shown, with the position in the middle as far as the edges allow. False when there is
+  // none.
+  bool zoomIn(double Latitude, double Longitude);
+  bool zoomOut(double Latitude, double Longitude);
+  // As the buttons do: in zoom mode clicks go to other maps and the mouse does not move the map.
+  void setZoomMode(bool On);
+
+  void setCommandPanelVisible(bool On);
+  void setMapOutlineColor(const QColor& Color);
+  void setMapOutlineVisible(bool On);
+  void setMinResDiff(double Percent);
+  void setKeptImagesLimit(qint64 Bytes);
+
+ Q_SIGNALS:
+  // Something went wrong in an operation, a handler or the map's widget; the text is for people.
+  void errorOccurred(const QString& text);
+  // Maps were registered or unregistered.
+  void mapsChanged();
+  // Another map was selected, by the user or the program.
+  void currentMapChanged(int index);
+  void zoomModeChanged(bool on);
+  // A setting was changed by one of this class's setters.
+  void settingsChanged();
+
+  // The user has pressed a button of the panel, or chosen a map in its list.
+  void zoomButtonClicked();
+  void pointerButtonClicked();
+  void mapChosen(int index);
+  // On the map.
+  void clicked(QPoint position);
+  void doubleClicked(QPoint position);
+
+ protected:
+  void resizeEvent(QResizeEvent* Event) override;
+  void showEvent(QShowEvent* Event) override;
+
+ private:
+  class TAtlasHost;
+
+  void MousePressed(TGeoMap& Map, TMouseButton, TShiftState, TPoint Control) override;
+
+  bool Guarded(const std::function<void()>& Call);
+  // Runs an operation of the atlas, and tells what it changed and what went wrong.
+  bool Operate(const std::function<bool()>& Operation);
+  void Change(const std::function<void()>& Set);
+  void TellChanges();
+  void FollowScreen();
+
+  GeoMapWidget* FMapWidget;
+  std::unique_ptr<TAtlasHost> FHost;
+  std::unique_ptr<TGeoAtlas> FAtlas;
+
+  // What was told last.
+  int FToldCount = 0;
+  int FToldCurrent = 0;
+  bool FToldZoomMode = false;
+};
+
+}  // namespace zav
+
+#endif
