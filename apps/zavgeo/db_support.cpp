@@ -40,25 +40,6 @@ TgdbItem KindOfOption(const std::string& Name) {
   throw EUsageError("unknown kind \"" + Name + "\": " + All);
 }
 
-std::vector<double> NumbersOfOption(const std::string& Option, const std::string& Text,
-                                    size_t Count) {
-  std::vector<double> Numbers;
-  std::string_view Rest = Text;
-  while (true) {
-    const size_t End = std::min(Rest.find(','), Rest.size());
-    const auto Number = ParseNumber(Rest.substr(0, End));
-    if (!Number) break;
-    Numbers.push_back(*Number);
-    if (End == Rest.size()) {
-      if (Numbers.size() == Count) return Numbers;
-      break;
-    }
-    Rest.remove_prefix(End + 1);
-  }
-  throw EUsageError(Option + " \"" + Text + "\": " + IntegerText(static_cast<int64_t>(Count)) +
-                    " numbers are needed, with commas between");
-}
-
 TCoords PositionOfOption(const std::string& Option, const std::string& Text) {
   const std::vector<double> Numbers = NumbersOfOption(Option, Text, 2);
   if (std::fabs(Numbers[0]) > 90 || std::fabs(Numbers[1]) > 360)

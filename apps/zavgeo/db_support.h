@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "option_values.h"
 #include "program.h"
 
 namespace zav {
@@ -26,9 +27,6 @@ int32_t RecordOf(const TGeoDB& DB, int32_t ItemId);
 
 // The kind of a name, in any case. Throws EUsageError for another word.
 TgdbItem KindOfOption(const std::string& Name);
-// Count numbers, separated by commas. Throws EUsageError.
-std::vector<double> NumbersOfOption(const std::string& Option, const std::string& Text,
-                                    size_t Count);
 // "LAT,LONG". Throws EUsageError.
 TCoords PositionOfOption(const std::string& Option, const std::string& Text);
 

@@ -136,6 +136,7 @@ void AddMapCommands(TProgram& Program) {
   AddTableOptions(*Geo, GeoOptions->Table);
   AddRenderCommand(Program, Map);
   AddShrinkCommand(Program, Map);
+  AddEmptyCommand(Program, Map);
 }
 
 }  // namespace zav

@@ -33,12 +33,13 @@ void AddConvertCommand(TProgram& Program);    // convert
 void AddEllipsoidCommand(TProgram& Program);  // ellipsoids
 void AddGeodesyCommands(TProgram& Program);   // cartesian, datum, countries, datums
 void AddCalibrateCommand(TProgram& Program);  // calibrate
-void AddMapCommands(
-    TProgram& Program);  // map info, map to-pixel, map to-geo, map render, map shrink
+// map info, map to-pixel, map to-geo, map render, map shrink, map empty
+void AddMapCommands(TProgram& Program);
 void AddLandMarkCommands(TProgram& Program);  // landmarks list, landmarks import
 void AddDbCommands(TProgram& Program);        // db create, import, find and the others
 void AddRenderCommand(TProgram& Program, CLI::App& Map);
 void AddShrinkCommand(TProgram& Program, CLI::App& Map);
+void AddEmptyCommand(TProgram& Program, CLI::App& Map);
 
 // The ellipsoid of an identifier, in any case. Throws EUsageError for an unknown one.
 TGeoEllipsoid EllipsoidOfOption(const std::string& Id);

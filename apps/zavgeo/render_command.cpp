@@ -9,21 +9,22 @@
 
 #include <QBuffer>
 #include <QByteArray>
-#include <QGuiApplication>
 #include <QImage>
 #include <memory>
 #include <optional>
 
 #include "common/free_captions.h"
 #include "common/landmark_files.h"
+#include "headless_qt.h"
 #include "map_file.h"
+#include "option_values.h"
 #include "program.h"
 
 namespace zav {
 
 namespace {
 
-constexpr double MaxSide = 16384;
+constexpr int32_t MaxSide = 16384;
 
 struct TRenderOptions {
   std::string MapFile, Size, Center, Magnification, LandMarks, Output;
@@ -40,23 +41,6 @@ struct TRenderPlan {
   TShowGrat Graticule = TShowGrat::sgNone;
   TCaptions Captions = TCaptions::Free;
 };
-
-// The two numbers of "A,B" or "AxB".
-std::pair<double, double> ParsePair(const std::string& Option, const std::string& Text,
-                                    char Separator) {
-  const size_t Middle = Text.find(Separator);
-  const auto First = ParseNumber(std::string_view(Text).substr(0, Middle));
-  const auto Second = Middle == std::string::npos
-                          ? std::nullopt
-                          : ParseNumber(std::string_view(Text).substr(Middle + 1));
-  if (!First || !Second)
-    throw EUsageError(Option + " \"" + Text + "\" is not of the form A" + Separator + "B");
-  return {*First, *Second};
-}
-
-void RequireRange(const std::string& Option, double Value, double Low, double High) {
-  if (Value < Low || Value > High) throw EUsageError(Option + " is out of range");
-}
 
 TShowGrat GraticuleOf(const std::string& Kind) {
   // In the order of TShowGrat; the viewer takes the same names.
@@ -82,16 +66,13 @@ TRenderPlan PlanOf(const TRenderOptions& Options) {
   Plan.Graticule = GraticuleOf(Options.Graticule);
   Plan.Captions = CaptionsOf(Options.Captions);
   if (!Options.Size.empty()) {
-    const auto [Width, Height] = ParsePair("--size", Options.Size, 'x');
-    RequireRange("--size", std::min(Width, Height), 1, MaxSide);
-    RequireRange("--size", std::max(Width, Height), 1, MaxSide);
-    Plan.Size = TSize{RoundHalfEven(Width), RoundHalfEven(Height)};
+    Plan.Size = SizeOfOption("--size", Options.Size, 1, MaxSide);
   }
   if (!Options.Center.empty()) {
-    const auto [Lat, Long] = ParsePair("--center", Options.Center, ',');
-    RequireRange("--center", Lat, -90, 90);
-    RequireRange("--center", Long, -360, 360);
-    Plan.Center = {Lat, Long};
+    const std::vector<double> Center = NumbersOfOption("--center", Options.Center, 2);
+    RequireRange("--center", Center[0], -90, 90);
+    RequireRange("--center", Center[1], -360, 360);
+    Plan.Center = {Center[0], Center[1]};
   }
   if (!Options.Magnification.empty()) {
     Plan.Magnification = ParseNumber(Options.Magnification);
@@ -142,13 +123,7 @@ int Render(const TRenderOptions& Options) {
   const TSize Size =
       Plan.Size ? *Plan.Size : WholeMap(File.Calibration, Plan.Magnification.value_or(1));
 
-  // Fonts need an application object; the platform without a display always works.
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  int Count = 1;
-  char Name[] = "zavgeo";
-  char* Arguments[] = {Name, nullptr};
-  const QGuiApplication Application(Count, Arguments);
-
+  const THeadlessQt Application;
   TQtHost Host;
   TGeoMap Map(nullptr, Host);
   Map.SetSuppressPaint(true);

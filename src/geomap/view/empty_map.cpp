@@ -78,24 +78,22 @@ std::string DegreeText(double Value, double Dist) {
 // Takes labels in order of importance; one that does not fit any more is dropped.
 class TLabelPlaces {
  public:
-  TLabelPlaces(const TEmptyMap& Map, TCanvas& Canvas)
-      : FMap(Map), FCanvas(Canvas), FBitmap{0, 0, Map.Width, Map.Height} {}
+  TLabelPlaces(const TEmptyMap& Map, TCanvas& Canvas) : FMap(Map), FCanvas(Canvas) {}
 
   void AddParallel(double Lat) {
     const std::string Text = EmptyMapLatitudeText(Lat, FMap.LatGridDist);
     const TSize Size = FCanvas.TextExtent(Text);
     const int32_t Row = RoundHalfEven(FMap.PixelY(Lat));
     if (FMap.Margin) {
-      // Upwards in both side bands, which the labels of the meridians leave free at their ends.
-      const TRect Side{0, EmptyMapMargin, FMap.Width, FMap.Height - EmptyMapMargin};
-      const int32_t Top = Moved(Row - Size.Width / 2, Size.Width, Side.Top, Side.Bottom);
+      // Upwards in both side bands.
+      const int32_t Top = Moved(Row - Size.Width / 2, Size.Width, 0, FMap.Height);
       const int32_t Left = (OuterFrameInset - Size.Height) / 2;
       const int32_t Right = FMap.Width - OuterFrameInset + Left;
       for (const int32_t X : {Left, Right})
-        Add(Text, {X, Top, X + Size.Height, Top + Size.Width}, true, Side);
+        Add(Text, {X, Top, X + Size.Height, Top + Size.Width}, true);
     } else {
       const int32_t Top = Row >= Size.Height ? Row - Size.Height : Row + 1;
-      Add(Text, {0, Top, Size.Width, Top + Size.Height}, false, FBitmap);
+      Add(Text, {0, Top, Size.Width, Top + Size.Height}, false);
     }
     FParallels = Labels.size();
   }
@@ -105,10 +103,12 @@ class TLabelPlaces {
     const TSize Size = FCanvas.TextExtent(Text);
     const int32_t Column = RoundHalfEven(FMap.PixelX(Long));
     if (FMap.Margin) {
-      const int32_t Left = Moved(Column - Size.Width / 2, Size.Width, 0, FMap.Width);
+      // Off the side bands.
+      const int32_t Left =
+          Moved(Column - Size.Width / 2, Size.Width, OuterFrameInset, FMap.Width - OuterFrameInset);
       const int32_t Top = (OuterFrameInset - Size.Height) / 2;
       for (const int32_t Y : {FMap.Height - OuterFrameInset + Top, Top})
-        Add(Text, {Left, Y, Left + Size.Width, Y + Size.Height}, false, FBitmap);
+        Add(Text, {Left, Y, Left + Size.Width, Y + Size.Height}, false);
     } else {
       const int32_t Left = Column + 1 + Size.Width <= FMap.Width ? Column + 1 : Column - Size.Width;
       TRect Box{Left, FMap.Height - Size.Height, Left + Size.Width, FMap.Height};
@@ -117,7 +117,7 @@ class TLabelPlaces {
         Box.Top -= Size.Height;
         Box.Bottom -= Size.Height;
       }
-      Add(Text, Box, false, FBitmap);
+      Add(Text, Box, false);
     }
   }
 
@@ -137,9 +137,9 @@ class TLabelPlaces {
                        });
   }
 
-  void Add(const std::string& Text, const TRect& Box, bool Upward, const TRect& Inside) {
-    if (Box.Left < Inside.Left || Box.Top < Inside.Top || Box.Right > Inside.Right ||
-        Box.Bottom > Inside.Bottom || Overlaps(Box, Labels.size()))
+  void Add(const std::string& Text, const TRect& Box, bool Upward) {
+    if (Box.Left < 0 || Box.Top < 0 || Box.Right > FMap.Width || Box.Bottom > FMap.Height ||
+        Overlaps(Box, Labels.size()))
       return;
     const TPoint At{Box.Left, Upward ? Box.Bottom : Box.Top};
     Labels.push_back({Text, At, Upward, Box});
@@ -147,7 +147,6 @@ class TLabelPlaces {
 
   const TEmptyMap& FMap;
   TCanvas& FCanvas;
-  TRect FBitmap;
   size_t FParallels = 0;  // the first labels are those of parallels
 };
 

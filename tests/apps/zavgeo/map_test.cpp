@@ -129,7 +129,7 @@ TEST(CliRender, WhatCannotBeDrawn) {
     int Status;
     const char* Message;
   } Cases[] = {
-      {Iceland + " --size 100", 2, "AxB"},
+      {Iceland + " --size 100", 2, "WIDTHxHEIGHT"},
       {Iceland + " --size 0x50", 2, "--size"},
       {Iceland + " --size 99999x50", 2, "--size"},
       {Iceland + " --center 95,0", 2, "--center"},
@@ -171,6 +171,50 @@ TEST(CliMap, LocalesChangeNothing) {
     EXPECT_GT(All.size(), 3000U);
     EXPECT_TRUE(All == First) << Locale;
   }
+}
+
+TEST(CliMap, EmptyMapsAreMadeWholeOrNotAtAll) {
+  const TTempFolder Folder;
+  const std::string Map = Folder / "grid.xml";
+  const auto Empty = [&](const std::string& Options) { return RunProgram("map empty " + Options); };
+  const TRun Made = Empty("--box 45,10,50,20 --grid 1,2.5 --size 1000x500 -o " + Map);
+  ASSERT_EQ(Made.Status, 0) << Made.Err;
+  EXPECT_EQ(Folder.Names(), (std::vector<std::string>{"grid.bmp", "grid.xml"}));
+  const auto Pixels = DataRows(RunProgram("map to-pixel " + Map, "47.5,15\n50,10\n").Out);
+  EXPECT_EQ(Pixels[0], (std::vector<std::string>{"500", "250", "true"}));
+  EXPECT_EQ(Pixels[1], (std::vector<std::string>{"0", "0", "true"}));
+  // A parallel, and text on its ground above it at the left.
+  const TBitmap Image = LoadImageFile(Folder / "grid.bmp", TImageKind::ikBmp);
+  EXPECT_NE(Image.Pixel(600, 300), clWhite);
+  EXPECT_EQ(Image.Pixel(600, 310), clWhite);
+  int Dark = 0;
+  for (int32_t Y = 285; Y < 300; ++Y)
+    for (int32_t X = 0; X < 40; ++X) Dark += Image.Pixel(X, Y) == clBlack ? 1 : 0;
+  EXPECT_GT(Dark, 20);
+
+  const struct {
+    const char* Options;
+    const char* Message;
+  } Wrong[] = {
+      {"--box 45,10,50 --grid 1,1 --size 500x500", "4 numbers"},
+      {"--box 50,10,45,20 --grid 1,1 --size 500x500", "south"},
+      {"--box 45,170,50,-170 --grid 1,1 --size 500x500", "190"},
+      {"--box 45,10,91,20 --grid 1,1 --size 500x500", "latitude"},
+      {"--box 45,10,50,20 --grid 0,1 --size 500x500", "above 0"},
+      {"--box 45,10,50,20 --grid 1,1 --size 500", "WIDTHxHEIGHT"},
+      {"--box 45,10,50,20 --grid 1,1 --size 99x500", "--size"},
+  };
+  for (const auto& Each : Wrong) {
+    const TRun Run = Empty(std::string(Each.Options) + " -o " + (Folder / "no.xml"));
+    EXPECT_EQ(Run.Status, 2) << Each.Options;
+    EXPECT_NE(Run.Err.find(Each.Message), std::string::npos) << Run.Err;
+  }
+  EXPECT_EQ(Empty("--box 45,10,50,20 --grid 1,1 --size 500x500 -o m.bmp").Status, 2);
+  const TRun Large =
+      Empty("--box 45,10,50,20 --grid 1,1 --size 3000x1001 -o " + (Folder / "no.xml"));
+  EXPECT_EQ(Large.Status, 1);
+  EXPECT_NE(Large.Err.find("3000 x 1001"), std::string::npos) << Large.Err;
+  EXPECT_EQ(Folder.Names().size(), 2U);
 }
 
 }  // namespace
