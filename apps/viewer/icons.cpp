@@ -77,6 +77,17 @@ void AddList(QPainterPath& Path) {
   AddPolyline(Path, {{5, 16}, {7, 16}});
 }
 
+// A sheet in a larger one, with an arrow into it or out of it.
+void AddSheets(QPainterPath& Path, bool Into) {
+  Path.addRect(QRectF(3, 3, 18, 18));
+  Path.addRect(QRectF(12.5, 12.5, 8.5, 8.5));
+  AddPolyline(Path, {{6, 6}, {11, 11}});
+  if (Into)
+    AddPolyline(Path, {{7, 11}, {11, 11}, {11, 7}});
+  else
+    AddPolyline(Path, {{6, 10}, {6, 6}, {10, 6}});
+}
+
 void AddCopy(QPainterPath& Path) {
   Path.addRect(QRectF(8, 8, 12, 13));
   AddPolyline(Path, {{5, 16}, {4, 16}, {4, 3}, {16, 3}, {16, 5}});
@@ -279,6 +290,15 @@ QPainterPath StrokesOf(ViewerIcon Icon) {
       break;
     case ViewerIcon::MapList:
       AddList(Path);
+      break;
+    case ViewerIcon::MapFiner:
+    case ViewerIcon::MapCoarser:
+      AddSheets(Path, Icon == ViewerIcon::MapFiner);
+      break;
+    case ViewerIcon::AtlasZoom:
+      Path.addRect(QRectF(3, 3, 18, 15));
+      Path.addRect(QRectF(6.5, 6, 7, 6));
+      AddSmallMagnifier(Path, {15, 15});
       break;
     case ViewerIcon::Copy:
       AddCopy(Path);

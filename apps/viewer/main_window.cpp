@@ -22,9 +22,11 @@
 #include <QStatusBar>
 #include <QUrl>
 
+#include <platform/base/errors.h>
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
+#include "atlas_sources.h"
 #include "calibration_menu.h"
 #include "calibration_workbench.h"
 #include "export_menu.h"
@@ -39,23 +41,6 @@
 
 namespace zav {
 
-namespace {
-
-void LoadInto(TGeoMap& Map, const MapSource& Source) {
-  Map.Clear();
-  if (Source.Kind == MapSourceKind::Calibration) {
-    const bool Complete = Map.LoadCalDataFromXML(FromQString(Source.Path), "");
-    // The format does not tell this model from an undefined one.
-    if (Complete && Map.CalibModel() == TCalibModel::cmUndefined)
-      Map.SetCalibModel(TCalibModel::cmParabolicIp);
-  } else {
-    Map.SetMapImgName(FromQString(Source.Path));
-  }
-  Map.SetMapCaption(FromQString(Source.Caption));
-}
-
-}  // namespace
-
 TGeoMap& MainWindow::map() { return FWidget->map(); }
 
 QString MainWindow::message() const { return FMessage->text(); }
@@ -69,7 +54,14 @@ QString MainWindow::openAll(const QStringList& Files) {
   if (Paths.isEmpty()) return Problem;
   bool Folder = false;
   for (const QString& Path : Paths) {
-    if (QFileInfo(Path).isDir()) {
+    if (IsAtlasList(Path)) {
+      Folder = true;
+      try {
+        Sources += InspectAtlasList(Path);
+      } catch (const EInOutError& Error) {
+        Problem = LoadProblem(Path, ToQString(Error.Reason()));
+      }
+    } else if (QFileInfo(Path).isDir()) {
       Folder = true;
       const QList<MapSource> Found = InspectFolder(Path);
       if (Found.isEmpty() && Problem.isEmpty())
@@ -87,17 +79,20 @@ QString MainWindow::openAll(const QStringList& Files) {
       if (QFileInfo::exists(Path)) RecentFiles(*FSettings).add(Path);
 
   QString Shown;
-  if (Folder || Sources.size() > 1)
-    Shown = openList(Sources);
-  else
+  if (Folder || Sources.size() > 1) {
+    if (!Sources.isEmpty()) Shown = openAtlas(Sources);
+  } else {
+    if (Sources.constFirst().Problem.isEmpty() && FList->rowOf(Sources.constFirst().Path) < 0 &&
+        FCalibration->letGo())
+      closeAtlas();
     Shown = showMap(Sources.constFirst());
+  }
   if (Problem.isEmpty() || Problem == Shown) return Shown;
   return report(Problem);
 }
 
 // Shows the list, and the first map of it that can be shown. Some turn out to be damaged only then.
 QString MainWindow::openList(const QList<MapSource>& Sources) {
-  if (Sources.isEmpty() || !FCalibration->letGo()) return {};
   FList->setSources(Sources);
   FDock->show();
   QString FirstProblem;
@@ -114,7 +109,8 @@ QString MainWindow::openList(const QList<MapSource>& Sources) {
   return FirstProblem.isEmpty() ? QString() : report(FirstProblem);
 }
 
-QString MainWindow::showMap(const MapSource& Source) {
+QString MainWindow::showMap(const MapSource& Source, const std::function<void()>& Arrive,
+                            int Step) {
   // A map that cannot be shown leaves the one that is.
   if (!Source.Problem.isEmpty()) return reportSource(Source);
   if (!FCalibration->letGo()) {
@@ -123,14 +119,24 @@ QString MainWindow::showMap(const MapSource& Source) {
   }
   QString Problem;
   QApplication::setOverrideCursor(Qt::WaitCursor);
-  map().SetSuppressPaint(true);
+  bool Begun = false;
   try {
-    LoadInto(map(), Source);
+    // A picture that is damaged inside leaves the map that is shown, too.
+    map().KeepImage(FromQString(Source.ImagePath));
+    if (FShown) FVisits.leave(FView->trail());
+    Begun = true;
+    map().SetSuppressPaint(true);
+    loadMap(Source);
     FShown = Source;
   } catch (const EInOutError& Error) {
     Problem = LoadProblem(ToQString(Error.Path()), ToQString(Error.Reason()));
   } catch (const std::exception& Error) {
     Problem = LoadProblem(Source.Path, ToQString(Error.what()));
+  }
+  if (!Begun) {
+    QApplication::restoreOverrideCursor();
+    updateStatus();
+    return report(Problem);
   }
   if (!Problem.isEmpty()) {
     // Calibration and picture may be those of different maps now.
@@ -144,7 +150,12 @@ QString MainWindow::showMap(const MapSource& Source) {
     FCalibration->mapClosed();
   if (!FWidget->underMouse()) FMousePixel.reset();
   FReadout->setMap(map().CalibData().Ellipsoid, map().CalibData().Resolution);
-  FView->showOpened();
+  if (Problem.isEmpty() && Arrive)
+    Arrive();
+  else
+    FView->showOpened();
+  if (Problem.isEmpty()) FVisits.arrive(Source.Path, Step);
+  FView->setMapsAround(FVisits.neighbour(-1) != nullptr, FVisits.neighbour(1) != nullptr);
   FGraticule->updateForMap();
   map().SetSuppressPaint(false);
   QApplication::restoreOverrideCursor();

@@ -4,6 +4,7 @@
 #ifndef ZAV_APPS_VIEWER_MAIN_WINDOW_H
 #define ZAV_APPS_VIEWER_MAIN_WINDOW_H
 
+#include <functional>
 #include <optional>
 
 #include <QMainWindow>
@@ -11,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "atlas_history.h"
 #include "command_line.h"
 #include "map_list.h"
 #include "map_source.h"
@@ -24,9 +26,11 @@ class QSettings;
 
 namespace zav {
 
+class AtlasNavigator;
 class CalibrationMenu;
 class CalibrationWorkbench;
 class ExportMenu;
+class GeoAtlasWidget;
 class GeoMapWidget;
 class GraticuleMenu;
 class LayerDock;
@@ -38,6 +42,7 @@ class ReadoutButton;
 class TGeoMap;
 class ToolMenu;
 class ViewMenu;
+struct AtlasPlace;
 
 class MainWindow final : public QMainWindow {
   Q_OBJECT
@@ -56,7 +61,11 @@ class MainWindow final : public QMainWindow {
   // Writes the window as a picture, PNG unless the name ends in .jpg, .jpeg or .bmp.
   QString saveScreenshot(const QString& Path);
 
+  // Writes the maps of the list to a file that opens them all.
+  QString saveAtlasList(const QString& Path);
+
   GeoMapWidget& mapWidget() { return *FWidget; }
+  GeoAtlasWidget& atlasWidget() { return *FAtlas; }
   QString message() const;
   CalibrationWorkbench& calibration() { return *FCalibration; }
   ToolMenu& tools() { return *FTools; }
@@ -86,13 +95,28 @@ class MainWindow final : public QMainWindow {
   void makeLayers(QMenu& File);
   void askDatabases();
   QStringList openDatabases(const QStringList& Paths, QString& Problem);
+  void makeAtlas(QMenu& File);
+  void makeAtlasTool();
+  QString openAtlas(QList<MapSource> Sources);
+  void closeAtlas();
+  void askAtlasList();
+  void updateAtlas();
+  void loadMap(const MapSource& Source);
+  MapSource sourceOf(int Index) const;
+  void wheelTo(int Index, const AtlasPlace& Place);
+  void goTo(int Index, const AtlasPlace& Place);
+  void goFromMiddle(int Direction);
+  void stepThroughMaps(int Direction);
   void fillRecentMenu();
   void restore();
 
   void askFiles();
   void askFolder();
   QString openList(const QList<MapSource>& Sources);
-  QString showMap(const MapSource& Source);
+  // Arrive shows the part of the map that is wanted, the whole map without it. Step: the way to it
+  // through the maps that were shown.
+  QString showMap(const MapSource& Source, const std::function<void()>& Arrive = nullptr,
+                  int Step = 0);
   QString report(const QString& Problem);
   QString reportSource(const MapSource& Source);
   void showMapMenu(QPoint Position);
@@ -110,7 +134,14 @@ class MainWindow final : public QMainWindow {
   void updateStatus();
 
   QSettings* FSettings;
-  GeoMapWidget* FWidget = nullptr;
+  GeoAtlasWidget* FAtlas = nullptr;
+  GeoMapWidget* FWidget = nullptr;  // the atlas's
+  AtlasNavigator* FNavigator = nullptr;
+  AtlasHistory FVisits;
+  QAction* FSaveAtlas = nullptr;
+  QAction* FFiner = nullptr;
+  QAction* FCoarser = nullptr;
+  QAction* FAtlasTool = nullptr;
   MessageBar* FMessage = nullptr;
   MapList* FList = nullptr;
   QListView* FListView = nullptr;

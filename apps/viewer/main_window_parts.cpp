@@ -16,7 +16,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <platform/qt/geo_map_widget.h>
+#include <platform/qt/geo_atlas_widget.h>
 #include <platform/qt/qt_convert.h>
 
 #include "calibration_menu.h"
@@ -52,7 +52,9 @@ MainWindow::MainWindow(QSettings* Settings, QWidget* Parent)
 void MainWindow::makeCenter() {
   auto* Center = new QWidget(this);
   FMessage = new MessageBar(Center);
-  FWidget = new GeoMapWidget(Center);
+  FAtlas = new GeoAtlasWidget(Center);
+  FAtlas->setCommandPanelVisible(false);
+  FWidget = &FAtlas->mapWidget();
   FWidget->setAcceptDrops(false);
   FWidget->setAccessibleName(tr("Map"));
   FWidget->map().SetGratInMapZone(true);
@@ -70,7 +72,7 @@ void MainWindow::makeCenter() {
   Layout->setContentsMargins(0, 0, 0, 0);
   Layout->setSpacing(0);
   Layout->addWidget(FMessage);
-  Layout->addWidget(FWidget, 1);
+  Layout->addWidget(FAtlas, 1);
   setCentralWidget(Center);
 }
 
@@ -180,6 +182,7 @@ void MainWindow::makeMenus() {
   makeTools();
   makeLandmarks(*File, *Edit);
   makeLayers(*File);
+  makeAtlas(*File);
   Bar->addAction(FLandmarkMenu->editLandmarks());
 }
 
@@ -219,10 +222,11 @@ void MainWindow::fillRecentMenu() {
 
 void MainWindow::askFiles() {
   const QString Folder = FSettings != nullptr ? FSettings->value(FolderKey).toString() : QString();
-  const QStringList Paths = QFileDialog::getOpenFileNames(
-      this, tr("Open Maps"), Folder,
-      tr("Maps (*.xml *.XML *.jpg *.JPG *.jpeg *.JPEG *.bmp *.BMP);;Scans of other kinds (*.png "
-         "*.PNG *.tif *.TIF *.tiff *.TIFF);;All files (*)"));
+  const QStringList Paths =
+      QFileDialog::getOpenFileNames(this, tr("Open Maps"), Folder,
+                                    tr("Maps (*.xml *.XML *.jpg *.JPG *.jpeg *.JPEG *.bmp *.BMP "
+                                       "*.zavatlas);;Scans of other kinds (*.png "
+                                       "*.PNG *.tif *.TIF *.tiff *.TIFF);;All files (*)"));
   if (Paths.isEmpty()) return;
   if (FSettings != nullptr)
     FSettings->setValue(FolderKey, QFileInfo(Paths.constFirst()).absolutePath());

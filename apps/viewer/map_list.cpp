@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "atlas_sources.h"
 #include "icons.h"
 
 namespace zav {
@@ -15,9 +16,17 @@ namespace zav {
 namespace {
 
 constexpr int Margin = 6;
+constexpr QSize ThumbnailSize{56, 42};
 
 QString DetailText(const MapSource& Source) {
   if (!Source.Problem.isEmpty()) return MapList::tr("cannot be shown");
+  const QString Scale = ResolutionText(Source.Resolution);
+  if (!Scale.isEmpty())
+    return MapList::tr("%1, %2 x %3, %4")
+        .arg(Scale)
+        .arg(Source.ImageSize.width())
+        .arg(Source.ImageSize.height())
+        .arg(ModelName(Source.Model));
   return MapList::tr("%1 x %2, %3")
       .arg(Source.ImageSize.width())
       .arg(Source.ImageSize.height())
@@ -31,8 +40,19 @@ QString ToolTipText(const MapSource& Source) {
 
 }  // namespace
 
+// Twice the size on ordinary screens, so that high resolution has its pixels.
+MapList::MapList(QObject* Parent)
+    : QAbstractListModel(Parent), FThumbnails(new AtlasThumbnails(2 * ThumbnailSize, this)) {
+  connect(FThumbnails, &AtlasThumbnails::ready, this, [this](const QString& ImagePath) {
+    for (int Row = 0; Row < FSources.size(); ++Row)
+      if (FSources[Row].ImagePath == ImagePath)
+        emit dataChanged(index(Row), index(Row), {ThumbnailRole});
+  });
+}
+
 void MapList::setSources(const QList<MapSource>& Sources) {
   beginResetModel();
+  FThumbnails->clear();
   FSources = Sources;
   endResetModel();
 }
@@ -69,6 +89,8 @@ QVariant MapList::data(const QModelIndex& Index, int DataRole) const {
       return Source.Path;
     case ProblemRole:
       return Source.Problem;
+    case ThumbnailRole:
+      return Source.Problem.isEmpty() ? FThumbnails->thumbnail(Source.ImagePath) : QImage();
     default:
       return {};
   }
@@ -89,6 +111,11 @@ void MapListDelegate::paint(QPainter* Painter, const QStyleOptionViewItem& Optio
   QRect Area = Item.rect.adjusted(Margin, Margin, -Margin, -Margin);
   const int LineHeight = Item.fontMetrics.height();
   Painter->save();
+  drawThumbnail(*Painter, QRect(Area.topLeft(), QSize(ThumbnailSize.width(), Area.height())),
+                Index);
+  Area.setLeft(Area.left() + ThumbnailSize.width() + Margin);
+  Area.setTop(Area.top() + (Area.height() - 2 * LineHeight) / 2);
+  Area.setHeight(2 * LineHeight);
   if (!Index.data(MapList::ProblemRole).toString().isEmpty()) {
     const QRect Sign(Area.right() - LineHeight, Area.top() + (Area.height() - LineHeight) / 2,
                      LineHeight, LineHeight);
@@ -110,12 +137,23 @@ void MapListDelegate::paint(QPainter* Painter, const QStyleOptionViewItem& Optio
   Painter->restore();
 }
 
+// In the middle of the box; empty until it is made.
+void MapListDelegate::drawThumbnail(QPainter& Painter, const QRect& Box, const QModelIndex& Index) {
+  const QImage Image = Index.data(MapList::ThumbnailRole).value<QImage>();
+  if (Image.isNull()) return;
+  QRect Area(QPoint(0, 0), Image.size().scaled(ThumbnailSize, Qt::KeepAspectRatio));
+  Area.moveCenter(Box.center());
+  Painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  Painter.drawImage(Area, Image);
+}
+
 QSize MapListDelegate::sizeHint(const QStyleOptionViewItem& Option,
                                 const QModelIndex& Index) const {
   const int Width =
       std::max(Option.fontMetrics.horizontalAdvance(Index.data(Qt::DisplayRole).toString()),
                Option.fontMetrics.horizontalAdvance(Index.data(MapList::DetailRole).toString()));
-  return {Width + 2 * Margin, 2 * Option.fontMetrics.height() + 2 * Margin};
+  return {Width + ThumbnailSize.width() + 3 * Margin,
+          std::max(2 * Option.fontMetrics.height(), ThumbnailSize.height()) + 2 * Margin};
 }
 
 }  // namespace zav

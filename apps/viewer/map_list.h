@@ -8,6 +8,7 @@
 #include <QList>
 #include <QStyledItemDelegate>
 
+#include "atlas_thumbnails.h"
 #include "map_source.h"
 
 namespace zav {
@@ -16,9 +17,9 @@ class MapList final : public QAbstractListModel {
   Q_OBJECT
 
  public:
-  enum Role { PathRole = Qt::UserRole, DetailRole, ProblemRole };
+  enum Role { PathRole = Qt::UserRole, DetailRole, ProblemRole, ThumbnailRole };
 
-  using QAbstractListModel::QAbstractListModel;
+  explicit MapList(QObject* Parent = nullptr);
 
   void setSources(const QList<MapSource>& Sources);
   // The row of the map with this path, -1 when it is not in the list.
@@ -26,14 +27,17 @@ class MapList final : public QAbstractListModel {
   // Notes what was found wrong with a map only when it was opened.
   void setProblem(const QString& Path, const QString& Problem);
 
+  const QList<MapSource>& sources() const { return FSources; }
+
   int rowCount(const QModelIndex& Parent = {}) const override;
   QVariant data(const QModelIndex& Index, int DataRole) const override;
 
  private:
   QList<MapSource> FSources;
+  AtlasThumbnails* FThumbnails;
 };
 
-// Draws a map's caption, and its details in a fainter line below.
+// Draws a small picture of the map, its caption, and its details in a fainter line below.
 class MapListDelegate final : public QStyledItemDelegate {
   Q_OBJECT
 
@@ -43,6 +47,9 @@ class MapListDelegate final : public QStyledItemDelegate {
   void paint(QPainter* Painter, const QStyleOptionViewItem& Option,
              const QModelIndex& Index) const override;
   QSize sizeHint(const QStyleOptionViewItem& Option, const QModelIndex& Index) const override;
+
+ private:
+  static void drawThumbnail(QPainter& Painter, const QRect& Box, const QModelIndex& Index);
 };
 
 }  // namespace zav

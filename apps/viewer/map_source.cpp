@@ -127,6 +127,7 @@ void InspectCalibration(MapSource& Source) {
               .arg(Native(Source.Path));
       return;
     }
+    Source.Resolution = Data.Resolution;
     // The format does not tell this model from an undefined one; its graticule lines do.
     if (Source.Model == TCalibModel::cmUndefined && HasGraticule(Data))
       Source.Model = TCalibModel::cmParabolicIp;

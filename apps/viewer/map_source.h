@@ -20,9 +20,10 @@ struct MapSource {
   QString Path;     // absolute
   QString Caption;  // for people: as spelled in the file, else the file's name
   TCalibModel Model = TCalibModel::cmUndefined;
-  QString ImagePath;  // of the image that was found, empty = none
-  QSize ImageSize;    // empty when it could not be told
-  QString Problem;    // why it cannot be shown and what to do; empty = it can
+  QString ImagePath;      // of the image that was found, empty = none
+  QSize ImageSize;        // empty when it could not be told
+  double Resolution = 0;  // metres per pixel as the calibration tells it, 0 = not known
+  QString Problem;        // why it cannot be shown and what to do; empty = it can
 };
 
 // Looks at a calibration file or an image. Never throws: what is wrong is told in Problem.

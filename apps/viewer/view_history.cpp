@@ -51,6 +51,31 @@ void ViewHistory::remember() {
   FPlace = 0;
 }
 
+ViewTrail ViewHistory::trail() {
+  remember();
+  ViewTrail Trail;
+  for (int32_t Index = Oldest; Index <= 0; ++Index) {
+    const TgmZoomStackEntry Entry = FMap.GetZoomStackEntry(Index);
+    if (Entry.MagF == 0) continue;  // never filled
+    if (Index == FPlace) Trail.Place = Trail.Views.size();
+    Trail.Views.push_back({{Entry.Left, Entry.Top}, Entry.MagF});
+  }
+  return Trail;
+}
+
+void ViewHistory::restore(const ViewTrail& Trail) {
+  if (Trail.Place >= Trail.Views.size()) return;
+  bool First = true;
+  for (const TViewState& View : Trail.Views) {
+    FMap.SetView(View.TopLeft, View.Magnification);
+    First ? FMap.ClearZoomHistory() : FMap.ZoomStateOnStack();
+    First = false;
+  }
+  const TViewState& Shown = Trail.Views[Trail.Place];
+  FMap.SetView(Shown.TopLeft, Shown.Magnification);
+  FPlace = static_cast<int32_t>(Trail.Place) - static_cast<int32_t>(Trail.Views.size()) + 1;
+}
+
 void ViewHistory::restart() {
   FMap.ClearZoomHistory();
   FPlace = 0;

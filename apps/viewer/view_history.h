@@ -3,7 +3,11 @@
 #ifndef ZAV_APPS_VIEWER_VIEW_HISTORY_H
 #define ZAV_APPS_VIEWER_VIEW_HISTORY_H
 
+#include <cstddef>
 #include <cstdint>
+#include <vector>
+
+#include <geomap/view/view_state.h>
 
 namespace zav {
 
@@ -11,6 +15,12 @@ class TGeoMap;
 
 // A place in the control's ring of the last sixteen views. The control adds views by itself (after
 // each drag), so the place is found again before each step; equal views in a row count as one.
+// The views of a map and the one among them that is shown.
+struct ViewTrail {
+  std::vector<TViewState> Views;  // oldest first
+  size_t Place = 0;
+};
+
 class ViewHistory {
  public:
   // The map must outlive this object.
@@ -23,6 +33,10 @@ class ViewHistory {
   void goForward();
   // Adds the view shown now, unless it is the one where we are.
   void remember();
+  // All views, to be shown again later. The one shown now is added.
+  ViewTrail trail();
+  // Shows the view of a trail that was shown; the views of before are forgotten.
+  void restore(const ViewTrail& Trail);
   // Forgets all views but the one shown now.
   void restart();
 

@@ -77,11 +77,11 @@ void ViewMenu::addHistory() {
   FForward = addCommand(ViewerIcon::Forward, tr("View A&fter"), tr("The view after"),
                         {QKeySequence(Qt::ALT | Qt::Key_Right), QKeySequence(Qt::Key_Forward)});
   connect(FBack, &QAction::triggered, this, [this] {
-    FHistory.goBack();
+    FHistory.canGoBack() ? FHistory.goBack() : emit mapWanted(-1);
     updateActions();
   });
   connect(FForward, &QAction::triggered, this, [this] {
-    FHistory.goForward();
+    FHistory.canGoForward() ? FHistory.goForward() : emit mapWanted(1);
     updateActions();
   });
 }
@@ -135,6 +135,7 @@ void ViewMenu::showFitted(double Largest) {
 }
 
 void ViewMenu::showOpened() {
+  FArrived.reset();
   showFitted(1);
   FHistory.restart();
   updateActions();
@@ -153,14 +154,43 @@ void ViewMenu::remember() {
   updateActions();
 }
 
+void ViewMenu::showArrived(const std::function<void()>& Place, bool Exact) {
+  FFittedLargest = 0;
+  FArrived.reset();
+  FArriving = Exact;
+  Place();
+  FArriving = false;
+  if (Exact) FArrived = FMap.View();
+  tidy();
+  FHistory.restart();
+  updateActions();
+}
+
+void ViewMenu::showTrail(const ViewTrail& Trail) {
+  FFittedLargest = 0;
+  FArriving = true;
+  FHistory.restore(Trail);
+  FArriving = false;
+  FArrived = FMap.View();
+  updateActions();
+}
+
+void ViewMenu::setMapsAround(bool Before, bool After) {
+  FMapBefore = Before;
+  FMapAfter = After;
+  updateActions();
+}
+
 // The control itself puts a map that is smaller than the window into the corner.
 void ViewMenu::tidy() {
   if (!FMap.ConfinePanToMapImage() || FMap.MapImgFile().empty()) return;
+  if (FArriving || FMap.View() == FArrived) return;
   const TViewState Tidy = TidyView(FMap.View(), controlSize(), mapSize());
   if (Tidy != FMap.View()) FMap.SetView(Tidy.TopLeft, Tidy.Magnification);
 }
 
 void ViewMenu::resized() {
+  FArrived.reset();
   const bool OnlyView = !FHistory.canGoBack() && !FHistory.canGoForward();
   if (FFittedLargest > 0 && FMap.View() == FFitted)
     showFitted(FFittedLargest);
@@ -185,8 +215,8 @@ void ViewMenu::updateActions() {
   FZoomOut->setEnabled(HasMap && FMap.Magnification() > MinMagnification);
   FWhole->setEnabled(HasMap);
   FActualSize->setEnabled(HasMap);
-  FBack->setEnabled(HasMap && FHistory.canGoBack());
-  FForward->setEnabled(HasMap && FHistory.canGoForward());
+  FBack->setEnabled(FMapBefore || (HasMap && FHistory.canGoBack()));
+  FForward->setEnabled(FMapAfter || (HasMap && FHistory.canGoForward()));
 }
 
 void ViewMenu::load(const QSettings& Settings) {

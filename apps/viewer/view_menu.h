@@ -4,6 +4,9 @@
 #ifndef ZAV_APPS_VIEWER_VIEW_MENU_H
 #define ZAV_APPS_VIEWER_VIEW_MENU_H
 
+#include <functional>
+#include <optional>
+
 #include <QList>
 #include <QMenu>
 #include <QPointer>
@@ -42,12 +45,23 @@ class ViewMenu final : public QMenu, private TGeoMapObserver {
   void setMagnification(double Magnification);
   // Adds the view shown now to the history.
   void remember();
+  // A map that was come to in another way: Place shows the part of it that is wanted. Exact: that
+  // stays even where it reaches beyond the map's edge, until the view is changed. The history
+  // begins with it.
+  void showArrived(const std::function<void()>& Place, bool Exact);
+  // The views of the map, and going back to them when it is shown again.
+  ViewTrail trail() { return FHistory.trail(); }
+  void showTrail(const ViewTrail& Trail);
+  // Whether there are maps to go to before the first view and after the last.
+  void setMapsAround(bool Before, bool After);
 
   void load(const QSettings& Settings);
   void save(QSettings& Settings) const;
 
  signals:
   void viewChanged();
+  // The views of this map are used up: -1 for the map before, 1 for the one after.
+  void mapWanted(int Direction);
 
  private:
   void ViewChanged(TGeoMap& Map) override;
@@ -73,6 +87,11 @@ class ViewMenu final : public QMenu, private TGeoMapObserver {
   // The view that was fitted to the window; it is fitted again until something else is shown.
   TViewState FFitted;
   double FFittedLargest = 0;  // 0 = none
+  // The view that was arrived with; it is left as it is until something else is shown.
+  std::optional<TViewState> FArrived;
+  bool FArriving = false;
+  bool FMapBefore = false;
+  bool FMapAfter = false;
 
   QAction* FZoomIn = nullptr;
   QAction* FZoomOut = nullptr;

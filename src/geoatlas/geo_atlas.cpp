@@ -3,9 +3,11 @@
 #include <geoatlas/geo_atlas.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include <platform/base/errors.h>
 #include <platform/base/paths.h>
+#include <platform/base/rounding.h>
 #include <platform/host/host.h>
 
 namespace zav {
@@ -205,19 +207,31 @@ void TGeoAtlas::SetCPnlVis(bool Visible) {
   PlaceMap();
 }
 
-void TGeoAtlas::DataRendered(TGeoMap& Map, TCanvas& Canvas) {
+void TGeoAtlas::DataRendered(TGeoMap& /*Map*/, TCanvas& Canvas) {
   if (!FMapOLVisible) return;
   Canvas.Pen = {FMapOLColor};
   const int32_t Shown = FCboxMaps->ItemIndex() + 1;
   for (int32_t i = 1; i <= FRegister.Count(); ++i) {
-    if (i == Shown) continue;
-    const auto PixelOf = [&Map](const TCoords& Corner, TPoint& Pixel) {
-      if (!Map.CalcPixelCoords(Corner.Latit, Corner.Longit, Pixel.X, Pixel.Y)) return false;
-      Pixel = Map.MapImageToControl(Pixel);
-      return true;
-    };
-    Canvas.Polyline(MapOutline(FRegister.Definition(i).Corners, PixelOf));
+    if (i != Shown) Canvas.Polyline(OutlineOf(i));
   }
+}
+
+std::vector<TPoint> TGeoAtlas::OutlineOf(int32_t Index) const {
+  const auto PixelOf = [this](const TCoords& Corner, TPoint& Pixel) {
+    if (FGeoMap->GratInMapZone()) {
+      double X = 0;
+      double Y = 0;
+      if (!FGeoMap->Calibration().ToPixelInMapZone(Corner.Latit, Corner.Longit, X, Y)) return false;
+      constexpr double Far = 1e6;  // pixels
+      if (!(std::abs(X) < Far) || !(std::abs(Y) < Far)) return false;
+      Pixel = {RoundHalfEven(X), RoundHalfEven(Y)};
+    } else if (!FGeoMap->CalcPixelCoords(Corner.Latit, Corner.Longit, Pixel.X, Pixel.Y)) {
+      return false;
+    }
+    Pixel = FGeoMap->MapImageToControl(Pixel);
+    return true;
+  };
+  return MapOutline(FRegister.Definition(Index).Corners, PixelOf);
 }
 
 // --- the panel -----------------------------------------------------------------------------------

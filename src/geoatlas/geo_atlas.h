@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <geoatlas/map_register.h>
 #include <geomap/geo_map.h>
@@ -88,6 +89,10 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   // Default true.
   bool MapOutlineVisible() const noexcept { return FMapOLVisible; }
   void SetMapOLVisible(bool Visible);
+  // The outline of a registered map on the one that is shown, in control pixels: from the top right
+  // corner on, closed; corners that have no pixel are left out. Where the graticule of a UTM map
+  // runs on beyond its zone (TGeoMap::GratInMapZone), so do outlines.
+  std::vector<TPoint> OutlineOf(int32_t Index) const;
   // Default true.
   bool GetCPnlVis() const { return FCPanel->Visible(); }
   void SetCPnlVis(bool Visible);
@@ -100,6 +105,8 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   bool ZoomMode() const { return FSBZoom->Down(); }
   // The line chosen in the list, from 0; -1 for none.
   int32_t ListItemIndex() const { return FCboxMaps->ItemIndex(); }
+  // Chooses a line, or none by -1, without loading anything: for a host that shows maps by itself.
+  void MarkInList(int32_t ItemIndex) { FCboxMaps->SetItemIndex(ItemIndex); }
   int32_t Cursor() const noexcept { return FCursor; }
 
   // Called by the host for a click on the map.
