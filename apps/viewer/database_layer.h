@@ -3,7 +3,8 @@
 #ifndef ZAV_APPS_VIEWER_DATABASE_LAYER_H
 #define ZAV_APPS_VIEWER_DATABASE_LAYER_H
 
-#include <unordered_map>
+#include <cstdint>
+#include <vector>
 
 #include <QString>
 #include <QStringList>
@@ -30,20 +31,37 @@ class DatabaseLayer {
   bool isShown() const { return FShown; }
   void setShown(bool Shown) { FShown = Shown; }
 
-  // Map pixels of an item's points: of a town one, of a BLOB the middle of its box. Valid until the
-  // next call; gaps where the map has no place for them.
-  const PixelLine& pixels(int32_t RecNo, const TCalibration& Calibration);
+  // What pixels() goes by from now on. To be called before a picture or a search: comparing it for
+  // each item would take longer than all the rest.
+  void setCalibration(const TCalibration& Calibration);
+  // Map pixels of an item's points: of a town one, of a BLOB the middle of its box; gaps where the
+  // map has no place for them.
+  PixelLine pixels(int32_t RecNo);
 
  private:
-  PixelLine computePixels(int32_t RecNo, const TCalibration& Calibration);
+  struct Pixel {
+    float X;
+    float Y;
+  };
+  // Where an item's pixels are in FPixels.
+  struct Place {
+    uint32_t First = 0;
+    uint32_t Count = 0;  // 0: not known
+  };
+
+  QPointF pixelOf(double Latit, double Longit) const;
+  // The same, a gap where the model folds a far place onto the map.
+  QPointF checkedPixelOf(double Latit, double Longit) const;
+  bool isBroken(const TSCoords& From, const TSCoords& To, QPointF A, QPointF B) const;
+  PixelLine computePixels(int32_t RecNo);
 
   QString FPath;
   TGeoDB FDatabase;
   bool FShown = true;
   // Reading and converting points takes most of the time of drawing them.
   TCalibration FCalibration;
-  std::unordered_map<int32_t, PixelLine> FPixels;
-  size_t FPixelCount = 0;
+  std::vector<Place> FPlaces;  // by record number
+  std::vector<Pixel> FPixels;
 };
 
 }  // namespace zav

@@ -17,7 +17,9 @@ namespace {
 using enum TgdbItem;
 
 constexpr double Around = 40;          // control pixels beyond the edges that are drawn, too
-constexpr int Cell = 3;                // towns nearer to each other than this cover each other
+constexpr int Cell = 3;                // what is nearer to each other than this covers each other
+constexpr double Speck = 0.7;          // control pixels; a line that cannot be seen
+constexpr double SmallLine = 6;        // control pixels; covers others as a town does
 constexpr size_t MostCaptions = 2000;  // that are tried for a picture
 constexpr double MetresOfDegree = 111195;
 
@@ -42,16 +44,30 @@ LayerPainter::LayerPainter(TGeoMap& Map, TCanvas& Canvas, const LayerStyle& Styl
   FArea = QRectF(0, 0, Size.Width, Size.Height).adjusted(-Around, -Around, Around, Around);
   const double Resolution = Map.CalibData().Resolution;
   if (Resolution > 0) FDegree = MetresOfDegree / Resolution * Map.Magnification();
-  FTaken.resize(static_cast<size_t>(Size.Width / Cell + 1) *
-                static_cast<size_t>(Size.Height / Cell + 1));
+  FColumns = Size.Width / Cell + 1;
+  FRows = Size.Height / Cell + 1;
 }
 
-// A line too small to be seen.
-bool LayerPainter::isSpeck(const TgdbData& Data) const {
+// A line that is at most about so many control pixels wide and high.
+bool LayerPainter::isLineWithin(const TgdbData& Data, double Extent) const {
   if (FDegree <= 0 || !HasPointList(Data.ItemKind)) return false;
   const double Shrunk = std::cos(Data.LatLow * std::numbers::pi / 180);
-  return (Data.LatHigh - Data.LatLow) * FDegree < 0.7 &&
-         (Data.LongHigh - Data.LongLow) * FDegree * Shrunk < 0.7;
+  return (Data.LatHigh - Data.LatLow) * FDegree < Extent &&
+         (Data.LongHigh - Data.LongLow) * FDegree * Shrunk < Extent;
+}
+
+// False when another item of the kind has taken the place. Beyond the edges there is always room.
+bool LayerPainter::take(TgdbItem Kind, QPointF At) {
+  const double Column = std::floor(At.x() / Cell);
+  const double Row = std::floor(At.y() / Cell);
+  if (!(Column >= 0 && Row >= 0 && Column < FColumns && Row < FRows)) return true;
+  std::vector<bool>& Taken = FTaken[static_cast<size_t>(Kind)];
+  Taken.resize(static_cast<size_t>(FColumns) * static_cast<size_t>(FRows));
+  const size_t Place =
+      static_cast<size_t>(Row) * static_cast<size_t>(FColumns) + static_cast<size_t>(Column);
+  if (Taken[Place]) return false;
+  Taken[Place] = true;
+  return true;
 }
 
 void LayerPainter::collect(DatabaseLayer& Layer) {
@@ -59,13 +75,15 @@ void LayerPainter::collect(DatabaseLayer& Layer) {
   const QRectF MapArea(View.TopLeft.X + FArea.left() / View.Magnification,
                        View.TopLeft.Y + FArea.top() / View.Magnification,
                        FArea.width() / View.Magnification, FArea.height() / View.Magnification);
+  Layer.setCalibration(FMap.Calibration());
   TGeoDB& Database = Layer.database();
   std::vector<int32_t> Found = Database.ItemsInRegion(RegionOf(FMap.Calibration(), MapArea));
   std::sort(Found.begin(), Found.end());
   for (const int32_t RecNo : Found) {
     const TgdbData Data = Database.GetSumdata(RecNo);
     const auto Kind = static_cast<size_t>(Data.ItemKind);
-    if (Kind >= LayerKinds || !FStyle.of(Data.ItemKind).Shown || isSpeck(Data)) continue;
+    if (Kind >= LayerKinds || !FStyle.of(Data.ItemKind).Shown || isLineWithin(Data, Speck))
+      continue;
     FItems[Kind].push_back({&Layer, RecNo});
   }
 }
@@ -77,7 +95,7 @@ void LayerPainter::draw() {
 }
 
 PixelLine LayerPainter::onControl(DatabaseLayer& Layer, int32_t RecNo) const {
-  PixelLine Line = Layer.pixels(RecNo, FMap.Calibration());
+  PixelLine Line = Layer.pixels(RecNo);
   const TViewState View = FMap.View();
   const QPointF Origin(View.TopLeft.X, View.TopLeft.Y);
   for (QPointF& Point : Line) Point = (Point - Origin) * View.Magnification;
@@ -96,14 +114,11 @@ void LayerPainter::drawItem(const Item& What, TgdbItem Kind) {
   if (!HasPointList(Kind)) {
     const QPointF At = Line.front();
     if (IsGap(At) || !FArea.adjusted(Around, Around, -Around, -Around).contains(At)) return;
-    const size_t Columns = static_cast<size_t>(FMap.DrawnSize().Width / Cell + 1);
-    const size_t Place =
-        static_cast<size_t>(At.y()) / Cell * Columns + static_cast<size_t>(At.x()) / Cell;
-    if (Place < FTaken.size() && FTaken[Place]) return;
-    if (Place < FTaken.size()) FTaken[Place] = true;
+    if (!take(Kind, At)) return;
     drawDot(At, Style, Data.ClassFlag == 0 ? 3 : 2);
     return Name(At, false);
   }
+  if (isLineWithin(Data, SmallLine) && !IsGap(Line.front()) && !take(Kind, Line.front())) return;
   FCanvas.Pen = {FromQColor(Style.Color), TPenStyle::psSolid, TPenMode::pmCopy, Style.Width};
   const bool Area = Data.Closed != 0 && Style.Fill.isValid();
   if (Area) drawArea(Line, Style.Fill);

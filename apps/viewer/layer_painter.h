@@ -16,8 +16,8 @@ namespace zav {
 class TGeoMap;
 
 // One picture: collect each layer, then draw all. Areas lie below lines, lines below dots, names on
-// top. Towns are thinned so that dots do not cover each other wholly; names where there is room, of
-// the lowest class first, then of the lowest record number.
+// top. Dots and small lines are thinned so that they do not cover each other wholly; names where
+// there is room, of the lowest class first, then of the lowest record number.
 class LayerPainter {
  public:
   LayerPainter(TGeoMap& Map, TCanvas& Canvas, const LayerStyle& Style);
@@ -39,7 +39,8 @@ class LayerPainter {
     std::string Text;
   };
 
-  bool isSpeck(const TgdbData& Data) const;
+  bool isLineWithin(const TgdbData& Data, double Extent) const;
+  bool take(TgdbItem Kind, QPointF At);
   PixelLine onControl(DatabaseLayer& Layer, int32_t RecNo) const;
   void drawItem(const Item& What, TgdbItem Kind);
   void drawLines(const PixelLine& Line);
@@ -53,7 +54,9 @@ class LayerPainter {
   QRectF FArea;        // of the control, and a little around it
   double FDegree = 0;  // control pixels for a degree of latitude, about; 0 = not known
   std::array<std::vector<Item>, LayerKinds> FItems;
-  std::vector<bool> FTaken;  // cells of the control that have a town
+  int32_t FColumns = 0;  // of the cells in which small items cover each other
+  int32_t FRows = 0;
+  std::array<std::vector<bool>, LayerKinds> FTaken;
   std::vector<Caption> FCaptions;
 };
 

@@ -114,11 +114,12 @@ std::vector<LayerItem> Layers::findItemsAt(QPointF MapPixel, double MaxDistance)
   for (int Index = 0; Index < count(); ++Index) {
     DatabaseLayer& Layer = at(Index);
     if (!Layer.isShown()) continue;
+    Layer.setCalibration(Calibration);
     for (const int32_t RecNo : Layer.database().ItemsInRegion(Region)) {
       const TgdbData Data = Layer.database().GetSumdata(RecNo);
       if (static_cast<size_t>(Data.ItemKind) >= LayerKinds || !FStyle.of(Data.ItemKind).Shown)
         continue;
-      const PixelLine& Line = Layer.pixels(RecNo, Calibration);
+      const PixelLine Line = Layer.pixels(RecNo);
       const double Distance = DistanceToLine(Line, MapPixel);
       const bool Dot = !HasPointList(Data.ItemKind);
       if (Distance <= MaxDistance)
