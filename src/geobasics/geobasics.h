@@ -5,6 +5,7 @@
 #define ZAV_GEOBASICS_GEOBASICS_H
 
 #include <geobasics/cartesian.h>            // IWYU pragma: export
+#include <geobasics/coordinate_arrays.h>    // IWYU pragma: export
 #include <geobasics/countries.h>            // IWYU pragma: export
 #include <geobasics/datums.h>               // IWYU pragma: export
 #include <geobasics/ellipsoids.h>           // IWYU pragma: export

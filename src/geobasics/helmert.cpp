@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <geobasics/helmert.h>
 
+#include <array>
+#include <cstddef>
 #include <numbers>
 
+#include <geobasics/arrays/kernels.h>
 #include <geobasics/cartesian.h>
+#include <geobasics/helmert_step.h>
 
 namespace zav {
 
@@ -17,6 +21,26 @@ int CodeOf(int SourceDatum, double Lat, double Long, int TargetDatum) noexcept {
   if (!(Lat >= -90 && Lat <= 90)) return -3;
   if (DatumRow(TargetDatum) == nullptr) return -2;
   return DatumRow(SourceDatum) == nullptr ? -1 : 0;
+}
+
+// Columns of a matrix are the images of the unit vectors.
+void SetMatrix(double* Matrix, const TDatumRow& Linear,
+               void (*Move)(const TDatumRow&, double&, double&, double&) noexcept) noexcept {
+  for (size_t Column = 0; Column < 3; ++Column) {
+    double Image[3] = {};
+    Image[Column] = 1;
+    Move(Linear, Image[0], Image[1], Image[2]);
+    for (size_t Row = 0; Row < 3; ++Row) Matrix[3 * Row + Column] = Image[Row];
+  }
+}
+
+THelmertStep StepOf(const TDatumRow& Row) noexcept {
+  THelmertStep Step{{Row.Dx, Row.Dy, Row.Dz}, {}, {}};
+  TDatumRow Linear = Row;
+  Linear.Dx = Linear.Dy = Linear.Dz = 0;
+  SetMatrix(Step.Turn, Linear, HelmertToWGS84);
+  SetMatrix(Step.BackTurn, Linear, ExactHelmertFromWGS84);
+  return Step;
 }
 
 // All signs turned: translations last, as on the way to WGS 84.
@@ -72,8 +96,27 @@ int HelmertTransform(int SourceDatum, double Lat, double Long, double Height, in
   return 0;
 }
 
+const THelmertStep& HelmertStep(int Row) noexcept {
+  static const auto Steps = [] {
+    std::array<THelmertStep, NumDatumRows> All{};
+    for (int I = 1; I <= NumDatumRows; ++I) All[static_cast<size_t>(I - 1)] = StepOf(*DatumRow(I));
+    return All;
+  }();
+  return Steps[static_cast<size_t>(Row - 1)];
+}
+
+// A single point takes the way of arrays, whose sines and arctangents are faster.
 int ExactHelmertTransform(int SourceDatum, double Lat, double Long, double Height, int TargetDatum,
                           double& Lat2, double& Long2, double& Height2) noexcept {
+  const int Code = CodeOf(SourceDatum, Lat, Long, TargetDatum);
+  if (Code != 0) return Code;
+  return ArrayKernels().Helmert({&Lat, &Long, &Height}, SourceDatum, TargetDatum,
+                                HelmertStep(SourceDatum), HelmertStep(TargetDatum),
+                                {&Lat2, &Long2, &Height2}, 1);
+}
+
+int SingleExactHelmert(int SourceDatum, double Lat, double Long, double Height, int TargetDatum,
+                       double& Lat2, double& Long2, double& Height2) noexcept {
   const int Code = CodeOf(SourceDatum, Lat, Long, TargetDatum);
   if (Code != 0) return Code;
   const TDatumRow& Source = *DatumRow(SourceDatum);

@@ -9,36 +9,25 @@
 
 #include <cmath>
 
+#include <geobasics/tm_series.h>
+
 namespace zav {
 
 namespace {
 
-// Coefficients of sin(2x), sin(4x), sin(6x), sin(8x).
-struct TSineSeries {
-  double C2, C4, C6, C8;
+double Sum(const TSineSeries& S, double SinX, double CosX) noexcept {
+  const double Twice = 2 * (1 - 2 * SinX * SinX);  // 2 cos 2x
+  const double B3 = S.C6 + Twice * S.C8;
+  const double B2 = S.C4 + Twice * B3 - S.C8;
+  const double B1 = S.C2 + Twice * B2 - B3;
+  return B1 * (2 * SinX * CosX);
+}
 
-  double Sum(double SinX, double CosX) const noexcept {
-    const double Twice = 2 * (1 - 2 * SinX * SinX);  // 2 cos 2x
-    const double B3 = C6 + Twice * C8;
-    const double B2 = C4 + Twice * B3 - C8;
-    const double B1 = C2 + Twice * B2 - B3;
-    return B1 * (2 * SinX * CosX);
-  }
-};
+double ArcLength(const TTMSeries& S, double Phi, double Sin, double Cos) noexcept {
+  return S.Alpha * (Phi + Sum(S.Arc, Sin, Cos));
+}
 
-struct TSeries {
-  double Alpha;        // mean length of a radian of the meridian
-  TSineSeries Arc;     // meridian arc from the latitude
-  TSineSeries Foot;    // footpoint latitude from the meridian arc
-  double SecondEccSq;  // (a^2 - b^2) / b^2
-  double PolarRadius;  // radius of curvature at the pole, a^2 / b
-
-  double ArcLength(double Phi, double Sin, double Cos) const noexcept {
-    return Alpha * (Phi + Arc.Sum(Sin, Cos));
-  }
-};
-
-constexpr TSeries MakeSeries(const TEllipsoidAxes& Axes) {
+constexpr TTMSeries MakeSeries(const TEllipsoidAxes& Axes) {
   const double A = Axes.A;
   const double B = Axes.B;
   const double N = (A - B) / (A + B);
@@ -56,25 +45,25 @@ constexpr TSeries MakeSeries(const TEllipsoidAxes& Axes) {
 }
 
 constexpr auto SeriesOf = [] {
-  std::array<TSeries, NumGeoEllipsoids> Rows{};
+  std::array<TTMSeries, NumGeoEllipsoids> Rows{};
   for (size_t i = 0; i < Rows.size(); ++i) Rows[i] = MakeSeries(GeoEllipsoidData[i]);
   return Rows;
 }();
 
-const TSeries& Series(TGeoEllipsoid Ellipsoid) noexcept {
+}  // namespace
+
+const TTMSeries& TMSeriesOf(TGeoEllipsoid Ellipsoid) noexcept {
   const auto Row = static_cast<size_t>(Ellipsoid);
   return SeriesOf[Row < SeriesOf.size() ? Row : 0];
 }
 
-}  // namespace
-
 double ArcLengthOfMeridian(double Phi, TGeoEllipsoid Ellipsoid) noexcept {
-  return Series(Ellipsoid).ArcLength(Phi, std::sin(Phi), std::cos(Phi));
+  return ArcLength(TMSeriesOf(Ellipsoid), Phi, std::sin(Phi), std::cos(Phi));
 }
 
 void LatLongToTM(double Phi, double Lambda, double Lambda0, TGeoEllipsoid Ellipsoid, double& X,
                  double& Y) noexcept {
-  const TSeries& S = Series(Ellipsoid);
+  const TTMSeries& S = TMSeriesOf(Ellipsoid);
   const double Sin = std::sin(Phi);
   const double Cos = std::cos(Phi);
   const double T = Sin / Cos;
@@ -94,16 +83,16 @@ void LatLongToTM(double Phi, double Lambda, double Lambda0, TGeoEllipsoid Ellips
   const double Y4 = (5 - T2 + 9 * Nu2 + 4 * Nu2 * Nu2) / 24;
   const double Y6 = (61 - 58 * T2 + T4 + 270 * Nu2 - 330 * T2 * Nu2) / 720;
   const double Y8 = (1385 - 3111 * T2 + 543 * T4 - T6) / 40320;
-  Y = S.ArcLength(Phi, Sin, Cos) + T * N * L2 * (0.5 + L2 * (Y4 + L2 * (Y6 + L2 * Y8)));
+  Y = ArcLength(S, Phi, Sin, Cos) + T * N * L2 * (0.5 + L2 * (Y4 + L2 * (Y6 + L2 * Y8)));
 }
 
 void TMToLatLong(double X, double Y, double Lambda0, TGeoEllipsoid Ellipsoid, double& Phi,
                  double& Lambda) noexcept {
-  const TSeries& S = Series(Ellipsoid);
+  const TTMSeries& S = TMSeriesOf(Ellipsoid);
   const double Arc = Y / S.Alpha;
   const double SinArc = std::sin(Arc);
   const double CosArc = std::cos(Arc);
-  const double D = S.Foot.Sum(SinArc, CosArc);
+  const double D = Sum(S.Foot, SinArc, CosArc);
   const double Foot = Arc + D;
   // D is below 0.003, where these Taylor polynomials are exact to rounding: half the time of
   // another sine and cosine.

@@ -6,14 +6,11 @@
 #include <numbers>
 
 #include <geobasics/transverse_mercator.h>
+#include <geobasics/utm_about.h>
 
 namespace zav {
 
 namespace {
-
-constexpr double Scale = 0.9996;
-constexpr double FalseEasting = 500000.0;
-constexpr double FalseNorthing = 10000000.0;
 
 constexpr double ToRadians(double Degrees) { return Degrees * (std::numbers::pi / 180); }
 constexpr double ToDegrees(double Radians) { return Radians * (180 / std::numbers::pi); }
@@ -63,20 +60,29 @@ void LatLongToUTM(double Lat, double Long, TGeoEllipsoid Ellipsoid, int& Zone, d
 
 void LatLongToUTMZone(double Lat, double Long, int Zone, TGeoEllipsoid Ellipsoid, double& Easting,
                       double& Northing) noexcept {
-  LatLongToTM(ToRadians(Lat), ToRadians(Long), UTMCentralMeridian(Zone), Ellipsoid, Easting,
-              Northing);
-  Easting = Easting * Scale + FalseEasting;
-  Northing = Northing * Scale;
-  if (Northing < 0) Northing += FalseNorthing;
+  LatLongToUTMAbout(Lat, Long, UTMCentralMeridian(Zone), Ellipsoid, Easting, Northing);
+}
+
+void LatLongToUTMAbout(double Lat, double Long, double Meridian, TGeoEllipsoid Ellipsoid,
+                       double& Easting, double& Northing) noexcept {
+  LatLongToTM(ToRadians(Lat), ToRadians(Long), Meridian, Ellipsoid, Easting, Northing);
+  Easting = Easting * UTMScale + UTMFalseEasting;
+  Northing = Northing * UTMScale;
+  if (Northing < 0) Northing += UTMFalseNorthing;
 }
 
 void UTMToLatLong(double Easting, double Northing, int Zone, bool SouthHemi,
                   TGeoEllipsoid Ellipsoid, double& Lat, double& Long) noexcept {
-  const double X = (Easting - FalseEasting) / Scale;
-  const double Y = (SouthHemi ? Northing - FalseNorthing : Northing) / Scale;
+  UTMToLatLongAbout(Easting, Northing, UTMCentralMeridian(Zone), SouthHemi, Ellipsoid, Lat, Long);
+}
+
+void UTMToLatLongAbout(double Easting, double Northing, double Meridian, bool SouthHemi,
+                       TGeoEllipsoid Ellipsoid, double& Lat, double& Long) noexcept {
+  const double X = (Easting - UTMFalseEasting) / UTMScale;
+  const double Y = (SouthHemi ? Northing - UTMFalseNorthing : Northing) / UTMScale;
   double Phi = 0;
   double Lambda = 0;
-  TMToLatLong(X, Y, UTMCentralMeridian(Zone), Ellipsoid, Phi, Lambda);
+  TMToLatLong(X, Y, Meridian, Ellipsoid, Phi, Lambda);
   Lat = ToDegrees(Phi);
   Long = ToDegrees(Lambda);
 }
