@@ -5,7 +5,7 @@
 // then times fits of 200 points and conversions, ours and GDAL's in turn.
 // SPDX-License-Identifier: MIT
 #include <gdal_alg.h>
-#include <geomap/calibration/calibration.h>
+#include <geomap/calibration/calibration_arrays.h>
 
 #include <cmath>
 #include <iostream>
@@ -123,17 +123,20 @@ void Time() {
     Lat[I] = 30 + 0.002 * static_cast<double>(I);
     Long[I] = 10 + 0.001 * static_cast<double>(I % 977);
   }
-  Compare("Position to pixel, order 2, a point", Count, 101,
-          {{"zavgeo ToPixel",
-            [&] {
-              for (size_t I = 0; I < Count; ++I) C.ToPixel(Lat[I], Long[I], X[I], Y[I]);
-            }},
-           {"GDAL array", [&] {
-              X = Long;
-              Y = Lat;
-              GDALGCPTransform(Transformer.get(), TRUE, static_cast<int>(Count), X.data(), Y.data(),
-                               Z.data(), Success.data());
-            }}});
+  Compare(
+      "Position to pixel, order 2, a point", Count, 101,
+      {{"zavgeo array", [&] { ToPixels(C, Lat, Long, X, Y); }},
+       {"zavgeo ToPixel",
+        [&] {
+          for (size_t I = 0; I < Count; ++I) C.ToPixel(Lat[I], Long[I], X[I], Y[I]);
+        }},
+       {"GDAL array",  // in place; the positions are copied in, which takes it a tenth of the time
+        [&] {
+          X = Long;
+          Y = Lat;
+          GDALGCPTransform(Transformer.get(), TRUE, static_cast<int>(Count), X.data(), Y.data(),
+                           Z.data(), Success.data());
+        }}});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <geomap/calibration/calib_file.h>
 #include <geomap/calibration/calibration.h>
+#include <geomap/calibration/calibration_arrays.h>
 #include <geomap/errors.h>
 #include <geomap/geo_map.h>
 #include <geomap/landmarks/landmark_file.h>

@@ -49,6 +49,12 @@ struct TArrayKernels {
   // Both rows exist. Returns the code of the first position that is refused, else 0.
   int (*Helmert)(TColumns Position, int SourceDatum, int TargetDatum, const THelmertStep& Source,
                  const THelmertStep& Target, TResultColumns Result, size_t Count);
+  // Two polynomials of two arguments: C[0] + C[1] A + C[2] B, and with C[3] AA + C[4] AB + C[5] BB.
+  // Both results are NaN where one is not finite; returns at how many points they are finite.
+  size_t (*FirstOrder)(const double* CoefA, const double* CoefB, TColumns From, TResultColumns To,
+                       size_t Count);
+  size_t (*SecondOrder)(const double* CoefA, const double* CoefB, TColumns From, TResultColumns To,
+                        size_t Count);
 };
 
 extern const TArrayKernels PlainArrayKernels;

@@ -52,6 +52,14 @@ ZAV_LANES void Store(TLanes Value, double* To, size_t Count) {
   for (size_t I = 0; I < Count; ++I) To[I] = Value[I];
 }
 
+// Calls Four(Index, Count) for each four points and what is left.
+template <typename TFour>
+ZAV_LANES void ForEachFour(size_t Count, TFour Four) {
+  size_t Index = 0;
+  for (; Index + NumLanes <= Count; Index += NumLanes) Four(Index, NumLanes);
+  if (Index < Count) Four(Index, Count - Index);
+}
+
 // --- bits ----------------------------------------------------------------------------------------
 
 ZAV_LANES TBits BitsOf(TLanes Value) {
