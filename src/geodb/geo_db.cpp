@@ -65,7 +65,7 @@ int32_t TGeoDB::NumEntries() const noexcept { return FStore->Count(); }
 void TGeoDB::SetLazyWrite(bool LazyWrite) {
   if (LazyWrite == FStore->Lazy) return;
   FStore->Lazy = LazyWrite;
-  if (LazyWrite || !IsOpen() || FUpdateDepth > 0) return;
+  if (LazyWrite || !IsOpen() || FReadOnly || FUpdateDepth > 0) return;
   for (int32_t i = 0; i < static_cast<int32_t>(IndexCount); ++i) SaveIndex(i);
 }
 

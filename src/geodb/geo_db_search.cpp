@@ -4,6 +4,7 @@
 
 #include <geodb/gdb_search.h>
 #include <geodb/geo_db.h>
+#include <geodb/search/line_distance.h>
 #include <geodb/search/ring_test.h>
 #include <geodb/store.h>
 #include <platform/base/text.h>
@@ -46,7 +47,18 @@ void TGeoDB::ItemsInRegion(const TGeoRegion& Region, std::vector<int32_t>& RecNo
 }
 
 std::vector<TNearItem> TGeoDB::NearestItems(double Latit, double Longit, size_t Count) {
-  std::vector<TNearItem> Items = FSearch->Boxes(FStore->Records()).Nearest(Latit, Longit, Count);
+  TgdbPolygon Points;
+  const auto DistanceOf = [&](int32_t Position, double BoxDistance) {
+    const TgdbData& Data = FStore->Records()[static_cast<size_t>(Position)];
+    if (!HasPointList(Data.ItemKind) || !ReadPoints(Data, Points) || Points.empty()) {
+      return BoxDistance;
+    }
+    const bool Closed = Data.Closed != 0;
+    if (Closed && RingContains(Points, Latit, Longit)) return BoxDistance;
+    return std::max(BoxDistance, DistanceToLine(Points, Closed, Latit, Longit));
+  };
+  std::vector<TNearItem> Items =
+      FSearch->Boxes(FStore->Records()).Nearest(Latit, Longit, Count, DistanceOf);
   for (TNearItem& Item : Items) ++Item.Id;
   return Items;
 }

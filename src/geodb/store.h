@@ -150,16 +150,19 @@ class TGdbStore {
   void OpenForWriting();
   void Arm();
   void ArmState(TJournalKind Kind, bool Durable);
-  void ArmGroup();
-  void FlushBuffer();
   void Touch() noexcept { FTouched = FGroupTouched = true; }
-  void WriteRecords(size_t First, size_t End);
-  void ProtectRecords(size_t First, size_t End);
   void WriteHeader();
   void WriteIndexChanges(size_t Which);
   bool IndexesUnwritten() const noexcept;
   void FinishChange();
   void SyncFiles();
+
+  // store_groups.cpp
+  static constexpr size_t PieceSize = (size_t{1} << 20) / sizeof(TgdbData);  // records at once
+  void ArmGroup();
+  void FlushBuffer();
+  void WriteRecords(size_t First, size_t End);
+  void ProtectRecords(size_t First, size_t End);
   template <class TTake>
   void ForEachDirtyRun(TTake&& Take) const;
 

@@ -1,5 +1,6 @@
 // search_follow_test.cpp - searches of a database that changes, beside looking through all items.
 // SPDX-License-Identifier: MIT
+#include <geodb/search/line_distance.h>
 #include <platform/base/text.h>
 
 #include <random>
@@ -68,13 +69,16 @@ class DatabaseSearch : public ::testing::Test {
       const TgdbData Data = DB.GetSumdata(RecNo);
       const TGeoBox Box = {Data.LatLow, Data.LatHigh, Data.LongLow, Data.LongHigh};
       if (BoxMeetsRegion(Box, Region)) Meeting.push_back(RecNo);
-      Near.push_back({RecNo, DistanceToBox(Box, Lat, Long)});
       TgdbPolygon Points;
       const bool Listed = DB.RetrievePolygon(RecNo, Points);
-      if (Listed ? Data.Closed != 0 && RingContains(Points, Lat, Long)
-                 : BoxContains(Box, Lat, Long)) {
-        Around.push_back(RecNo);
+      const bool Inside = Listed ? Data.Closed != 0 && RingContains(Points, Lat, Long)
+                                 : BoxContains(Box, Lat, Long);
+      if (Inside) Around.push_back(RecNo);
+      double Distance = DistanceToBox(Box, Lat, Long);
+      if (Listed && !Inside && !Points.empty()) {
+        Distance = std::max(Distance, DistanceToLine(Points, Data.Closed != 0, Lat, Long));
       }
+      Near.push_back({RecNo, Distance});
       if (LowerCase(FoldAccents(Data.Name.View())).find("see") != std::string::npos) {
         Named.push_back(RecNo);
       }

@@ -1,10 +1,13 @@
-// A position in UTM metres, and a pixel of a map calibrated from four points: what an outside
-// program does first with the installed libraries.
+// A position in UTM metres, a pixel of a map calibrated from four points, a town of a database,
+// maps of an atlas: what an outside program does first with the installed libraries.
 // SPDX-License-Identifier: MIT
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 
+#include <geoatlas/geoatlas.h>
 #include <geobasics/geobasics.h>
+#include <geodb/geodb.h>
 #include <geomap/calibration/calibration.h>
 #include <geomap/geomap.h>
 
@@ -30,6 +33,21 @@ int main() {
   const bool Found =
       Map.ToPixel(48.5, 13.25, X, Y) && std::abs(X - 325) < 1e-6 && std::abs(Y - 150) < 1e-6;
 
+  // In a folder of its own, which goes at the end.
+  const auto Folder = std::filesystem::temp_directory_path() / "zavgeo-consumer";
+  std::filesystem::remove_all(Folder);
+  std::filesystem::create_directory(Folder);
+  bool Kept = false;
+  {
+    zav::TGeoDB Towns;
+    Towns.SetGDBName((Folder / "towns").string());
+    Towns.AddTown("Vienna", 0, 0, {48.2085F, 16.3731F}, 171, 0, 0);
+    const auto Near = Towns.NearestItems(48, 16, 1);
+    Kept = Near.size() == 1 && Towns.GetSumdata(Near[0].RecNo).Name.View() == "Vienna";
+  }
+  std::filesystem::remove_all(Folder);
+  const bool Empty = zav::TMapRegister().Finer(48, 16, 100, 0) == 0;
+
   std::printf("UTM %d %.3f %.3f, pixel %.3f %.3f\n", Zone, Easting, Northing, X, Y);
-  return Converted && Found ? 0 : 1;
+  return Converted && Found && Kept && Empty ? 0 : 1;
 }
