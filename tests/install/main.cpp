@@ -43,7 +43,7 @@ int main() {
     Towns.SetGDBName((Folder / "towns").string());
     Towns.AddTown("Vienna", 0, 0, {48.2085F, 16.3731F}, 171, 0, 0);
     const auto Near = Towns.NearestItems(48, 16, 1);
-    Kept = Near.size() == 1 && Towns.GetSumdata(Near[0].RecNo).Name.View() == "Vienna";
+    Kept = Near.size() == 1 && Towns.GetSumdata(Near[0].Id).Name.View() == "Vienna";
   }
   std::filesystem::remove_all(Folder);
   const bool Empty = zav::TMapRegister().Finer(48, 16, 100, 0) == 0;
