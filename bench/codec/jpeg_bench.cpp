@@ -58,10 +58,10 @@ int main(int Count, char** Arguments) {
     const TSize Size = ReadImageSize(Path, TImageKind::ikJpeg);
     const std::vector<uint8_t> Bytes = ReadWholeFile(Path);
     std::vector<uint8_t> Pixels;
-    bench::Compare(std::filesystem::path(Path).filename().string() + ", a pixel",
+    bench::Compare(std::filesystem::path(Path).filename().string() + ", opening, a pixel",
                    static_cast<size_t>(Size.Width) * static_cast<size_t>(Size.Height), Rounds,
-                   {{"bare libjpeg-turbo", [&] { DecodeBare(Bytes, Pixels); }},
-                    {"opening (at most 1.15)", [&] { LoadImageFile(Path, TImageKind::ikJpeg); }}});
+                   {{"opening", [&] { LoadImageFile(Path, TImageKind::ikJpeg); }},
+                    {"bare libjpeg-turbo", [&] { DecodeBare(Bytes, Pixels); }, 1.15}});
   }
   return 0;
 }

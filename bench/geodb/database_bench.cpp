@@ -31,6 +31,8 @@
 #include <string>
 #include <vector>
 
+#include "support/goals.h"
+
 using namespace zav;
 
 namespace {
@@ -51,14 +53,6 @@ double Seconds(const std::function<void()>& Work) {
 double Median(std::vector<double> Times) {
   std::sort(Times.begin(), Times.end());
   return Times[Times.size() / 2];
-}
-
-// Prints both times and ours divided by the peer's; Aim is the ratio wanted at most.
-void Tell(const std::string& What, double Ours, double Peer, double Aim) {
-  std::cout << "  " << std::left << std::setw(44) << What << std::right << std::scientific
-            << std::setprecision(2) << Ours << " s" << std::setw(12) << Peer << " s  " << std::fixed
-            << std::setprecision(3) << Ours / Peer << "  (" << Aim << ")"
-            << (Ours / Peer <= Aim ? "" : "  MISSED") << std::endl;
 }
 
 // The system's operations without waiting for the disk.
@@ -247,6 +241,17 @@ class TBench {
     ::sync();
   }
 
+  // Prints both times and ours divided by the peer's; Aim is the ratio wanted at most.
+  void Tell(const std::string& What, const std::string& Peer, double Ours, double Theirs,
+            double Aim) const {
+    const double Ratio = Ours / Theirs;
+    std::cout << "  " << std::left << std::setw(44) << What << std::right << std::scientific
+              << std::setprecision(2) << Ours << " s" << std::setw(12) << Theirs << " s  "
+              << std::fixed << std::setprecision(3) << Ratio << "  (" << Aim << ")"
+              << (Ratio <= Aim ? "" : "  MISSED") << std::endl;
+    bench::NoteGoal(What + ", " + std::to_string(FCount) + " items", Peer, Ours, Theirs, Aim);
+  }
+
   void InsertAll(bool Durable, int Rounds) {
     std::vector<double> OurTimes;
     std::vector<double> PeerTimes;
@@ -259,8 +264,8 @@ class TBench {
       TSqlite Sql(Peer(), Durable);
       PeerTimes.push_back(Seconds([&] { InsertPeer(Sql, FItems); }));
     }
-    Tell(Durable ? "insert all, durable" : "insert all, not", Median(OurTimes), Median(PeerTimes),
-         0.125);
+    Tell(Durable ? "insert all, durable" : "insert all, not durable", "SQLite", Median(OurTimes),
+         Median(PeerTimes), 0.125);
   }
 
   void Open() {
@@ -271,7 +276,7 @@ class TBench {
       const auto DB = std::make_unique<TGeoDB>();
       OurTimes.push_back(Seconds([&] { DB->SetGDBName(Ours()); }));
     }
-    Tell("opening beside plain reads", Median(OurTimes), Median(PeerTimes), 1.3);
+    Tell("opening", "plain reads", Median(OurTimes), Median(PeerTimes), 1.3);
     const size_t Before = MemoryInUse();
     TGeoDB DB;
     DB.SetGDBName(Ours());
@@ -302,7 +307,7 @@ class TBench {
     }
     Sql.Run("COMMIT");
     if (Sums[0] != Sums[1]) throw std::runtime_error("different items");
-    Tell("100000 items by id", Median(OurTimes), Median(PeerTimes), 0.05);
+    Tell("100000 items by id", "SQLite", Median(OurTimes), Median(PeerTimes), 0.05);
   }
 
   void Boxes() {
@@ -353,8 +358,8 @@ class TBench {
     }
     std::cout << "  hits a query: " << Hits[0] / 14000 << ", " << Hits[1] / 14000 << ", "
               << Hits[2] / 14000 << '\n';
-    Tell("2000 box queries beside SQLite", Median(Times[0]), Median(Times[1]), 0.2);
-    Tell("2000 box queries beside Boost", Median(Times[0]), Median(Times[2]), 1.3);
+    Tell("2000 box queries", "SQLite R*Tree", Median(Times[0]), Median(Times[1]), 0.2);
+    Tell("2000 box queries", "Boost.Geometry rtree", Median(Times[0]), Median(Times[2]), 1.3);
   }
 
   void AddOne() {
@@ -372,7 +377,7 @@ class TBench {
         Sql.Run("COMMIT");
       }));
     }
-    Tell("one addition, synchronous off", Median(OurTimes), Median(PeerTimes), 1.5);
+    Tell("one addition, synchronous off", "SQLite", Median(OurTimes), Median(PeerTimes), 1.5);
   }
 
   void DeleteSome(bool Durable) {
@@ -396,7 +401,8 @@ class TBench {
       for (const int32_t Id : Ids) Sql.Delete(Id);
       Sql.Run("COMMIT");
     });
-    Tell(Durable ? "deleting 1000, durable" : "deleting 1000, not", OurTime, PeerTime, 1);
+    Tell(Durable ? "deleting 1000, durable" : "deleting 1000, not durable", "SQLite", OurTime,
+         PeerTime, 1);
   }
 
   size_t FCount;

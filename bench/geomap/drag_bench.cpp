@@ -79,7 +79,7 @@ int main(int Argc, char** Argv) {
     Map.MouseDown(TMouseButton::mbLeft, ssLeft, 100, 60);
     bench::Compare(Title, Steps, Rounds,
                    {{"zavgeo", [&] { Drag(Held); }},
-                    {"bare copy to a window", ToWindow},
+                    {"bare copy to a window", ToWindow, 1.5},
                     {"bare copy in memory", InMemory}});
     Map.CancelMouse();
   };

@@ -1,50 +1,26 @@
 // raster_bench.cpp - lines and stretching beside Qt's painter, in the same process.
 //
-// Ours and Qt's run in turn, round after round. Each line of the output: what, our median, Qt's
-// median (both in milliseconds), their ratio, and the ratio that we do not want to exceed.
+// Ours and Qt's run in turn, round after round.
 // SPDX-License-Identifier: MIT
 #include <platform/raster/raster_canvas.h>
 
 #include <QImage>
 #include <QPainter>
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <random>
+#include <string>
 #include <vector>
+
+#include "support/rounds.h"
 
 using namespace zav;
 
 namespace {
 
-double MillisecondsOf(const std::function<void()>& Work) {
-  const auto Start = std::chrono::steady_clock::now();
-  Work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - Start)
-      .count();
-}
-
-double Median(std::vector<double> Values) {
-  std::nth_element(Values.begin(), Values.begin() + static_cast<ptrdiff_t>(Values.size() / 2),
-                   Values.end());
-  return Values[Values.size() / 2];
-}
-
-void Versus(const char* Name, double Limit, const std::function<void()>& Ours,
+void Versus(const std::string& Name, double AtMost, const std::function<void()>& Ours,
             const std::function<void()>& Peer) {
-  constexpr int Rounds = 61;
-  std::vector<double> A;
-  std::vector<double> B;
-  for (int I = -2; I < Rounds; ++I) {
-    const double OurTime = MillisecondsOf(Ours);
-    const double PeerTime = MillisecondsOf(Peer);
-    if (I < 0) continue;
-    A.push_back(OurTime);
-    B.push_back(PeerTime);
-  }
-  const double Ratio = Median(A) / Median(B);
-  std::printf("%-28s %8.3f %8.3f %6.2f %5.2f\n", Name, Median(A), Median(B), Ratio, Limit);
+  bench::Compare(Name, 1, 61, {{"zavgeo", Ours}, {"QPainter", Peer, AtMost}});
 }
 
 // A picture with detail at every scale, the same for both.
@@ -178,7 +154,6 @@ void CompareViews(TBitmap& Map) {
 }  // namespace
 
 int main() {
-  std::printf("%-28s %8s %8s %6s %5s\n", "name", "ours", "peer", "ratio", "limit");
   CompareLines();
   TBitmap Map = Picture(2000, 1500);
   CompareShrinking(Map);

@@ -16,15 +16,18 @@
 #include <utility>
 #include <vector>
 
+#include "support/goals.h"
+
 namespace zav::bench {
 
 struct TCompetitor {
   std::string Name;
   std::function<void()> Run;  // one round
+  double AtMost = 0;          // the ratio of our time to this one that is aimed at; 0 = none
 };
 
 // Runs every competitor Rounds times, after one unmeasured round, and prints nanoseconds per item;
-// a round handles Items items. Ratios are to the first competitor, which is ours.
+// a round handles Items items. The first competitor is ours; ratios are of its time to the others'.
 inline void Compare(const std::string& Title, size_t Items, int Rounds,
                     const std::vector<TCompetitor>& Competitors) {
   using TClock = std::chrono::steady_clock;
@@ -42,9 +45,15 @@ inline void Compare(const std::string& Title, size_t Items, int Rounds,
     const auto Middle = Times[i].begin() + Rounds / 2;
     std::nth_element(Times[i].begin(), Middle, Times[i].end());
     if (i == 0) Ours = *Middle;
-    std::cout << "  " << std::left << std::setw(32) << Competitors[i].Name << std::right
-              << std::setprecision(1) << std::setw(10) << *Middle << " ns" << std::setprecision(2)
-              << std::setw(9) << *Middle / Ours << " x\n";
+    const auto& [Name, Run, AtMost] = Competitors[i];
+    std::cout << "  " << std::left << std::setw(32) << Name << std::right << std::setprecision(1)
+              << std::setw(14) << *Middle << " ns" << std::setprecision(3);
+    if (i > 0) std::cout << std::setw(9) << Ours / *Middle;
+    if (AtMost > 0) {
+      std::cout << " (" << AtMost << (Ours / *Middle > AtMost ? ", MISSED)" : ")");
+      NoteGoal(Title, Name, Ours / 1e9, *Middle / 1e9, AtMost);
+    }
+    std::cout << '\n';
   }
 }
 
