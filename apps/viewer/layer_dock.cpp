@@ -52,7 +52,7 @@ QString PlaceOf(const TgdbData& Data) {
     return ToQString(GeoLatitude(Latit, TDegreeFormat::dfDegrees, 3)) + QStringLiteral(", ") +
            ToQString(GeoLongitude(Longit, TDegreeFormat::dfDegrees, 3));
   };
-  const QString First = Position(Data.LatLow, Data.LongLow);
+  QString First = Position(Data.LatLow, Data.LongLow);
   if (Data.LatLow == Data.LatHigh && Data.LongLow == Data.LongHigh) return First;
   return LayerDock::tr("%1 to %2").arg(First, Position(Data.LatHigh, Data.LongHigh));
 }

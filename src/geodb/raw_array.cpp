@@ -17,9 +17,10 @@ void* ReallocateRaw(void* Memory, size_t NewBytes) {
   constexpr size_t Large = size_t{4} << 20;
   if (NewBytes >= Large) {
     const auto Page = static_cast<uintptr_t>(::sysconf(_SC_PAGESIZE));
-    const uintptr_t First = (reinterpret_cast<uintptr_t>(Block) + Page - 1) / Page * Page;
-    const uintptr_t End = (reinterpret_cast<uintptr_t>(Block) + NewBytes) / Page * Page;
-    ::madvise(reinterpret_cast<void*>(First), End - First, MADV_HUGEPAGE);
+    const auto Begin = reinterpret_cast<uintptr_t>(Block);
+    const size_t Skipped = (Page - Begin % Page) % Page;
+    const size_t Whole = (NewBytes - Skipped) / Page * Page;
+    ::madvise(static_cast<char*>(Block) + Skipped, Whole, MADV_HUGEPAGE);
   }
 #endif
   return Block;

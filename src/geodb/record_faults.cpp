@@ -86,7 +86,6 @@ const char* DeedText(TRecordFault Fault) noexcept {
     case TRecordFault::NeedlessBlock:
       return "tells of no block any more";
     case TRecordFault::BadBox:
-      return "box taken from its points";
     case TRecordFault::NoNumber:
       return "box taken from its points";
   }

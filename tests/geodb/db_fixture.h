@@ -9,6 +9,9 @@
 #include <support/temp_folder.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <map>
 #include <string>
@@ -44,7 +47,8 @@ inline std::string Disagreement(TGeoDB& DB) {
   if (Records.size() != static_cast<size_t>(Count) * 120) return "length of the record file";
   for (int32_t i = 0; i < Count; ++i) {
     const TgdbData Data = DB.GetSumdata(i + 1);
-    if (std::memcmp(&Data, &Records[static_cast<size_t>(i) * 120], 120) != 0) return "a record";
+    const auto Bytes = std::bit_cast<std::array<uint8_t, 120>>(Data);
+    if (!std::equal(Bytes.begin(), Bytes.end(), Records.begin() + i * 120)) return "a record";
     if (DB.SearchForItemID(Data.ItemId) != i + 1) return "SearchForItemID";
   }
   if (DB.LazyWrite()) return "";

@@ -3,6 +3,7 @@
 #include <geodb/gdb_search.h>
 #include <platform/base/atomic_file.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 
@@ -19,8 +20,8 @@ class DatabaseItems : public ::testing::Test {
   DatabaseItems() {
     DB.SetGDBName(Folder / "db");
     DB.OnPercentDone = [this](TGeoDB* Sender, int32_t Percent) {
-      EXPECT_EQ(Sender, &DB);
       Reports.push_back(Percent);
+      EXPECT_EQ(Sender, &DB);
     };
   }
   std::vector<int32_t> TakeReports() { return std::exchange(Reports, {}); }
@@ -127,7 +128,7 @@ TEST_F(DatabaseItems, LongListsReportAsTheyAlwaysDid) {
   TReports Expected = {0};
   for (int j = 0; j < 250; ++j) {
     const double Share = j * 100.0 / 250;  // 2.4 each: no halves
-    Expected.push_back(static_cast<int32_t>(Share + 0.5));
+    Expected.push_back(static_cast<int32_t>(std::lround(Share)));
   }
   Expected.push_back(100);
   EXPECT_EQ(TakeReports(), Expected);

@@ -145,9 +145,10 @@ TEST(GeoJsonReader, RefusesAFeatureAndReadsOn) {
       {R"({"coordinates":[1,2]})", "unknown type \"\""},
   };
   for (const auto& Case : Cases) {
-    const TResult Result = Read("{\"type\":\"FeatureCollection\",\"features\":[\n" + Good + ",\n" +
-                                    Feature(Case.Geometry) + "\n," + Good + "]}",
-                                true);
+    std::string Text = "{\"type\":\"FeatureCollection\",\"features\":[\n";
+    Text.append(Good).append(",\n").append(Feature(Case.Geometry));
+    Text.append("\n,").append(Good).append("]}");
+    const TResult Result = Read(Text, true);
     EXPECT_EQ(Result.Error, "");
     EXPECT_EQ(Result.Items.size(), 2U) << Case.Geometry;
     ASSERT_EQ(Result.Problems.size(), 1U) << Case.Geometry;
