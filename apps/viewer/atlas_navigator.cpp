@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -34,8 +35,9 @@ double Distance(QPointF P, const QLineF& Line) {
 
 }  // namespace
 
-AtlasNavigator::AtlasNavigator(GeoAtlasWidget& Widget, QObject* Parent)
-    : QObject(Parent), FWidget(Widget) {
+AtlasNavigator::AtlasNavigator(GeoAtlasWidget& Widget, std::function<QString(int Index)> TitleOf,
+                               QObject* Parent)
+    : QObject(Parent), FWidget(Widget), FTitleOf(std::move(TitleOf)) {
   Widget.mapWidget().installEventFilter(this);
 }
 
@@ -131,9 +133,8 @@ QString AtlasNavigator::captionAt(QPointF Control) const {
     for (size_t k = 1; k < Outline.size(); ++k) {
       const QLineF Side(ToQPoint(Outline[k - 1]), ToQPoint(Outline[k]));
       if (Distance(Control, Side) > NearOutline) continue;
-      const TMapDefinition Map = Atlas.GetMapDef(i);
-      const QString Scale = ResolutionText(Map.Resolution);
-      const QString Name = ToQString(Atlas.Maps().Title(i));
+      const QString Scale = ResolutionText(Atlas.GetMapDef(i).Resolution);
+      const QString Name = FTitleOf(i);
       Names << (Scale.isEmpty() ? Name : QStringLiteral("%1, %2").arg(Name, Scale));
       break;
     }

@@ -3,6 +3,7 @@
 #ifndef ZAV_APPS_VIEWER_ATLAS_NAVIGATOR_H
 #define ZAV_APPS_VIEWER_ATLAS_NAVIGATOR_H
 
+#include <functional>
 #include <optional>
 
 #include <QObject>
@@ -27,7 +28,9 @@ class AtlasNavigator final : public QObject {
 
  public:
   // The widget must outlive this object.
-  AtlasNavigator(GeoAtlasWidget& Widget, QObject* Parent);
+  // TitleOf: the name of a registered map for people.
+  AtlasNavigator(GeoAtlasWidget& Widget, std::function<QString(int Index)> TitleOf,
+                 QObject* Parent);
 
   // While on, clicks on the map go to other maps: with the left button to a more detailed one, with
   // the right one to a less detailed one.
@@ -66,6 +69,7 @@ class AtlasNavigator final : public QObject {
   QString captionAt(QPointF Control) const;
 
   GeoAtlasWidget& FWidget;
+  std::function<QString(int Index)> FTitleOf;
   bool FClicks = false;
   int FWheelUnits = 0;
 };

@@ -82,10 +82,9 @@ QString MainWindow::openAll(const QStringList& Files) {
   if (Folder || Sources.size() > 1) {
     if (!Sources.isEmpty()) Shown = openAtlas(Sources);
   } else {
-    if (Sources.constFirst().Problem.isEmpty() && FList->rowOf(Sources.constFirst().Path) < 0 &&
-        FCalibration->letGo())
-      closeAtlas();
+    const QString Path = Sources.constFirst().Path;
     Shown = showMap(Sources.constFirst());
+    if (FShown && FShown->Path == Path && FList->rowOf(Path) < 0) closeAtlas();
   }
   if (Problem.isEmpty() || Problem == Shown) return Shown;
   return report(Problem);

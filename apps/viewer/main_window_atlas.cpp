@@ -40,7 +40,12 @@ constexpr const char* OutlinesKey = "atlas/outlines";
 }  // namespace
 
 void MainWindow::makeAtlas(QMenu& File) {
-  FNavigator = new AtlasNavigator(*FAtlas, this);
+  // Captions in the list are as they were spelled.
+  const auto TitleOf = [this](int Index) {
+    const int Row = FList->rowOf(FAtlas->mapFile(Index));
+    return Row < 0 ? FAtlas->mapCaption(Index) : FList->sources()[Row].Caption;
+  };
+  FNavigator = new AtlasNavigator(*FAtlas, TitleOf, this);
   QAction* Before = File.actions().value(2);
   FSaveAtlas = new QAction(tr("Save List of &Maps As..."), &File);
   FSaveAtlas->setToolTip(tr("Write the names of the maps to a file that opens them all"));
@@ -97,6 +102,8 @@ void MainWindow::makeAtlasTool() {
     FNavigator->setClicks(On);
     FTools->setMouseTaken(On || FCalibration->tool().isActive() || FLandmarks->tool().isActive());
     if (!On) return;
+    for (QAction* Tool : FTools->actions())
+      if (Tool != FAtlasTool && Tool->isChecked()) Tool->setChecked(false);
     FWidget->setCursor(MakeCursor(crGeoZoom, devicePixelRatioF()));
     statusBar()->showMessage(
         tr("Click: a more detailed map of the place. Right button: a less detailed one. Esc: end"),

@@ -8,6 +8,7 @@
 
 #include <platform/qt/geo_map_widget.h>
 
+#include "atlas_navigator.h"
 #include "calibration_menu.h"
 #include "calibration_workbench.h"
 #include "graticule_menu.h"
@@ -24,6 +25,7 @@ namespace zav {
 
 // What is told of a change must not find a window that is half gone.
 MainWindow::~MainWindow() {
+  delete FNavigator;
   delete FLayerDock;
   delete FLayers;
   delete FLandmarkMenu;

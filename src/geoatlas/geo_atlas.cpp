@@ -21,6 +21,25 @@ constexpr TRect ZoomBounds{PointerBounds.Right + Gap, Gap, PointerBounds.Right +
                            Gap + Button};
 constexpr TRect ListBounds{ZoomBounds.Right + 10, 5, ZoomBounds.Right + 310, 29};
 
+// The pixel of a position, in a UTM map's own zone; false where the calibration reaches so far
+// beyond the map that its pixel is not that of the position any more.
+bool TrustedPixel(const TCalibration& Calibration, const TCoords& Position, TPoint& Pixel) {
+  double X = 0;
+  double Y = 0;
+  TCoords Back;
+  if (!Calibration.ToPixelInMapZone(Position.Latit, Position.Longit, X, Y)) return false;
+  constexpr double Far = 1e6;  // pixels
+  if (!(std::abs(X) < Far) || !(std::abs(Y) < Far)) return false;
+  if (!Calibration.ToGeo(X, Y, Back)) return false;
+  const TCornerArray& Corners = Calibration.Data().Corners;
+  const double Tolerance = std::max({std::abs(Corners[0].Latit - Corners[2].Latit),
+                                     std::abs(Corners[0].Longit - Corners[2].Longit), 1e-3}) /
+                           10;
+  Pixel = {RoundHalfEven(X), RoundHalfEven(Y)};
+  return std::abs(Back.Latit - Position.Latit) < Tolerance &&
+         std::abs(Back.Longit - Position.Longit) < Tolerance;
+}
+
 // Several changes of a map that are to be painted once.
 class TPaintedOnce {
  public:
@@ -217,21 +236,18 @@ void TGeoAtlas::DataRendered(TGeoMap& /*Map*/, TCanvas& Canvas) {
 }
 
 std::vector<TPoint> TGeoAtlas::OutlineOf(int32_t Index) const {
-  const auto PixelOf = [this](const TCoords& Corner, TPoint& Pixel) {
-    if (FGeoMap->GratInMapZone()) {
-      double X = 0;
-      double Y = 0;
-      if (!FGeoMap->Calibration().ToPixelInMapZone(Corner.Latit, Corner.Longit, X, Y)) return false;
-      constexpr double Far = 1e6;  // pixels
-      if (!(std::abs(X) < Far) || !(std::abs(Y) < Far)) return false;
-      Pixel = {RoundHalfEven(X), RoundHalfEven(Y)};
-    } else if (!FGeoMap->CalcPixelCoords(Corner.Latit, Corner.Longit, Pixel.X, Pixel.Y)) {
+  const TGeoMap& Map = *FGeoMap;
+  const bool Trusted = Map.GratInMapZone();
+  const auto PixelOf = [&](const TCoords& Corner, TPoint& Pixel) {
+    if (!(Trusted ? TrustedPixel(Map.Calibration(), Corner, Pixel)
+                  : Map.CalcPixelCoords(Corner.Latit, Corner.Longit, Pixel.X, Pixel.Y)))
       return false;
-    }
-    Pixel = FGeoMap->MapImageToControl(Pixel);
+    Pixel = Map.MapImageToControl(Pixel);
     return true;
   };
-  return MapOutline(FRegister.Definition(Index).Corners, PixelOf);
+  std::vector<TPoint> Outline = MapOutline(FRegister.Definition(Index).Corners, PixelOf);
+  if (Trusted && Outline.size() < 5) Outline.clear();
+  return Outline;
 }
 
 // --- the panel -----------------------------------------------------------------------------------

@@ -90,8 +90,9 @@ class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
   bool MapOutlineVisible() const noexcept { return FMapOLVisible; }
   void SetMapOLVisible(bool Visible);
   // The outline of a registered map on the one that is shown, in control pixels: from the top right
-  // corner on, closed; corners that have no pixel are left out. Where the graticule of a UTM map
-  // runs on beyond its zone (TGeoMap::GratInMapZone), so do outlines.
+  // corner on, closed; corners that have no pixel are left out. With TGeoMap::GratInMapZone they
+  // run on beyond the zone of a UTM map, as its graticule does, and an outline that lies too far
+  // away for the calibration is left out as a whole.
   std::vector<TPoint> OutlineOf(int32_t Index) const;
   // Default true.
   bool GetCPnlVis() const { return FCPanel->Visible(); }
