@@ -32,17 +32,21 @@ class CalibrationWorkbench;
 class ExportMenu;
 class GeoAtlasWidget;
 class GeoMapWidget;
+class GoToDialog;
 class GraticuleMenu;
 class LayerDock;
 class Layers;
 class LandmarkMenu;
 class LandmarkWorkbench;
 class MessageBar;
+class PlaceMark;
 class ReadoutButton;
 class TGeoMap;
 class ToolMenu;
 class ViewMenu;
 struct AtlasPlace;
+struct GoToPlace;
+struct TEmptyMap;
 
 class MainWindow final : public QMainWindow {
   Q_OBJECT
@@ -63,6 +67,11 @@ class MainWindow final : public QMainWindow {
 
   // Writes the maps of the list to a file that opens them all.
   QString saveAtlasList(const QString& Path);
+
+  // Makes a map, writes it and opens it.
+  QString createMap(const TEmptyMap& Plan, const QString& Path);
+  // Shows the place on the map, or on one of the list that has it.
+  void goToPlace(const GoToPlace& Place);
 
   GeoMapWidget& mapWidget() { return *FWidget; }
   GeoAtlasWidget& atlasWidget() { return *FAtlas; }
@@ -92,6 +101,8 @@ class MainWindow final : public QMainWindow {
   void makeLandmarks(QMenu& File, QMenu& Edit);
   void restoreLandmarks();
   QStringList openLandmarks(const QStringList& Paths, QString& Problem);
+  void makeGeodesy(QMenu& File, QMenu& Edit);
+  void askNewMap();
   void makeLayers(QMenu& File);
   void askDatabases();
   QStringList openDatabases(const QStringList& Paths, QString& Problem);
@@ -157,6 +168,8 @@ class MainWindow final : public QMainWindow {
   LandmarkMenu* FLandmarkMenu = nullptr;
   Layers* FLayers = nullptr;
   LayerDock* FLayerDock = nullptr;
+  GoToDialog* FGoTo = nullptr;
+  PlaceMark* FPlaceMark = nullptr;
   QPointF FPressedAt;  // of the left button on the map
   QAction* FCopy = nullptr;
   QAction* FCopyPixel = nullptr;

@@ -183,6 +183,7 @@ void MainWindow::makeMenus() {
   makeLandmarks(*File, *Edit);
   makeLayers(*File);
   makeAtlas(*File);
+  makeGeodesy(*File, *Edit);
   Bar->addAction(FLandmarkMenu->editLandmarks());
 }
 
@@ -193,7 +194,8 @@ void MainWindow::restore() {
   FDock->hide();  // it is empty yet
   FCalibration->dock().hide();
   const int Format = FSettings->value("readout/format").toInt();
-  FReadout->setFormat(AllReadoutFormats.at(static_cast<size_t>(qBound(0, Format, 3))));
+  const int LastFormat = static_cast<int>(AllReadoutFormats.size()) - 1;
+  FReadout->setFormat(AllReadoutFormats.at(static_cast<size_t>(qBound(0, Format, LastFormat))));
   FView->load(*FSettings);
   FGraticule->load(*FSettings);
   FCalibrationMenu->load(*FSettings);

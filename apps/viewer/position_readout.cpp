@@ -28,6 +28,10 @@ TNotation NotationOf(ReadoutFormat Format) {
       return TNotation::ntDegreesMinutesSeconds;
     case ReadoutFormat::Utm:
       return TNotation::ntUTM;
+    case ReadoutFormat::Ups:
+      return TNotation::ntUPS;
+    case ReadoutFormat::Mgrs:
+      return TNotation::ntMGRS;
     default:
       return TNotation::ntDegrees;
   }
@@ -41,6 +45,8 @@ double UnitsPerDegree(ReadoutFormat Format) {
     case ReadoutFormat::DegreesMinutesSeconds:
       return 3600;
     case ReadoutFormat::Utm:
+    case ReadoutFormat::Ups:
+    case ReadoutFormat::Mgrs:
       return MetresPerDegree;
     default:
       return 1;
@@ -59,6 +65,10 @@ QString ReadoutFormatName(ReadoutFormat Format) {
       return Tr("Degrees, minutes and seconds");
     case ReadoutFormat::Utm:
       return Tr("UTM");
+    case ReadoutFormat::Ups:
+      return Tr("UPS");
+    case ReadoutFormat::Mgrs:
+      return Tr("MGRS");
   }
   return {};
 }
@@ -72,12 +82,14 @@ ReadoutFormat NextReadoutFormat(ReadoutFormat Format) {
 
 int ReadoutDecimals(ReadoutFormat Format, double MetresPerPixel) {
   if (!std::isfinite(MetresPerPixel) || MetresPerPixel <= 0) {
-    constexpr std::array<int, 4> Unknown{5, 3, 1, 0};
+    constexpr std::array<int, AllReadoutFormats.size()> Unknown{5, 3, 1, 0, 0, 0};
     return Unknown.at(static_cast<size_t>(Format));
   }
   const double UnitsPerPixel = MetresPerPixel / MetresPerDegree * UnitsPerDegree(Format);
-  constexpr int Finest = 6;
-  return std::clamp(static_cast<int>(std::ceil(-std::log10(UnitsPerPixel))), 0, Finest);
+  const bool Squares = Format == ReadoutFormat::Mgrs;
+  const int Coarsest = Squares ? -5 : 0;
+  const int Finest = Squares ? 3 : 6;
+  return std::clamp(static_cast<int>(std::ceil(-std::log10(UnitsPerPixel))), Coarsest, Finest);
 }
 
 QString PositionText(const TCoords& Position, ReadoutFormat Format, TGeoEllipsoid Ellipsoid,
@@ -87,6 +99,8 @@ QString PositionText(const TCoords& Position, ReadoutFormat Format, TGeoEllipsoi
     return {};
   if (Format == ReadoutFormat::Utm && (Position.Latit < -80 || Position.Latit > 84))
     return Tr("outside UTM (80\u00b0 S to 84\u00b0 N)");
+  if (Format == ReadoutFormat::Ups && Position.Latit > -79.5 && Position.Latit < 83.5)
+    return Tr("outside UPS (the poles to 79.5\u00b0 S and 83.5\u00b0 N)");
   return QString::fromStdString(PositionToText({Position.Latit, Position.Longit},
                                                NotationOf(Format),
                                                ReadoutDecimals(Format, MetresPerPixel), Ellipsoid));

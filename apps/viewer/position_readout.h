@@ -14,11 +14,14 @@
 
 namespace zav {
 
-enum class ReadoutFormat { Degrees, DegreesMinutes, DegreesMinutesSeconds, Utm };
+enum class ReadoutFormat { Degrees, DegreesMinutes, DegreesMinutesSeconds, Utm, Ups, Mgrs };
 
-inline constexpr std::array AllReadoutFormats{ReadoutFormat::Degrees, ReadoutFormat::DegreesMinutes,
+inline constexpr std::array AllReadoutFormats{ReadoutFormat::Degrees,
+                                              ReadoutFormat::DegreesMinutes,
                                               ReadoutFormat::DegreesMinutesSeconds,
-                                              ReadoutFormat::Utm};
+                                              ReadoutFormat::Utm,
+                                              ReadoutFormat::Ups,
+                                              ReadoutFormat::Mgrs};
 
 // Name of the format for menus.
 QString ReadoutFormatName(ReadoutFormat Format);
@@ -26,12 +29,13 @@ QString ReadoutFormatName(ReadoutFormat Format);
 ReadoutFormat NextReadoutFormat(ReadoutFormat Format);
 
 // Decimals so that the last digit is no coarser than a pixel, and at most a tenth of it. 5, 3, 1
-// and 0 decimals when MetresPerPixel is not known (0, negative or not finite).
+// and 0 decimals when MetresPerPixel is not known (0, negative or not finite). Of MGRS, squares
+// larger than a metre have decimals below 0.
 int ReadoutDecimals(ReadoutFormat Format, double MetresPerPixel);
 
-// A position in degrees as text, UTM on the given ellipsoid. A position that is not finite or not
+// A position in degrees as text, grids on the given ellipsoid. A position that is not finite or not
 // on the globe (latitude beyond 90) gives an empty text; a longitude beyond 180 is brought back by
-// full turns. UTM beyond its limits says so in words.
+// full turns. UTM and UPS beyond their limits say so in words.
 QString PositionText(const TCoords& Position, ReadoutFormat Format, TGeoEllipsoid Ellipsoid,
                      double MetresPerPixel);
 

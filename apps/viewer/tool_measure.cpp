@@ -8,6 +8,7 @@
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
+#include "measure_area.h"
 #include "tool_overlay.h"
 
 namespace zav {
@@ -46,6 +47,28 @@ void MeasureTool::interrupt() {
   if (FLine.size() < 2) return clear();
   FPiece = LengthBetween(FWidget.map(), FLine.at(FLine.size() - 2), FLine.constLast());
   tell();
+}
+
+bool MeasureTool::takeBack() {
+  if (FLine.isEmpty()) return false;
+  FLine.removeLast();
+  // The second point of a double click lies on the first.
+  if (!FOpen)
+    while (FLine.size() > 1 && FLine.constLast() == FLine.at(FLine.size() - 2)) FLine.removeLast();
+  if (FLine.size() < (FOpen ? 1 : 2)) {
+    FWidget.map().CancelMouse();
+    clear();
+    return true;
+  }
+  FMeasured = FPiece = {};
+  for (qsizetype I = 1; I < FLine.size(); ++I) {
+    FPiece = LengthBetween(FWidget.map(), FLine.at(I - 1), FLine.at(I));
+    FMeasured = FMeasured + FPiece;
+  }
+  if (FOpen) FPiece = {};
+  anchorAnew();
+  tell();
+  return true;
 }
 
 void MeasureTool::add(QPoint MapPixel, bool Last) {
@@ -92,6 +115,12 @@ QString MeasureTool::totalText() const {
   return LengthText(total(), ResolutionOf(FWidget.map()));
 }
 
+QString MeasureTool::areaText() const {
+  if (FLine.size() < 3) return {};
+  const std::optional<double> Area = AreaOn(FWidget.map(), FLine);
+  return Area ? AreaText(*Area) : QString();
+}
+
 QString MeasureTool::text() const {
   const QString Total = totalText();
   if (Total.isEmpty()) return {};
@@ -101,7 +130,8 @@ QString MeasureTool::text() const {
                      ? tr("%1 towards %2°").arg(Piece, QLocale().toString(FPiece.Azimuth, 'f', 0))
                      : Piece;
   if (Pieces > 1) Text = tr("Last piece %1, all %2 pieces %3").arg(Text).arg(Pieces).arg(Total);
-  return Text;
+  const QString Area = areaText();
+  return Area.isEmpty() ? Text : tr("%1, encloses %2").arg(Text, Area);
 }
 
 // --- the trace

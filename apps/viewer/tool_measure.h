@@ -28,8 +28,13 @@ class MeasureTool final : public QObject {
   void clear();
   // The piece that follows the mouse is given up; the ones before it stay.
   void interrupt();
+  // Takes the point put last away; the line goes on from the one before, or is gone. False when
+  // there was none.
+  bool takeBack();
   // The piece measured last or being measured, and the whole. Empty when there is nothing.
   QString text() const;
+  // The area that the points enclose; empty for fewer than three, or without positions.
+  QString areaText() const;
   // The whole alone.
   QString totalText() const;
 

@@ -58,8 +58,8 @@ constexpr std::array<ToolRow, 8> Rows{{
      QT_TRANSLATE_NOOP("ToolMenu", "Drag up: enlarge; down: make smaller. The middle stays")},
     {Tool::RubberBand, ViewerIcon::Measure, Qt::CrossCursor, Qt::Key_L,
      QT_TRANSLATE_NOOP("ToolMenu", "M&easure Lengths"),
-     QT_TRANSLATE_NOOP("ToolMenu", "Measure the length of a line"),
-     QT_TRANSLATE_NOOP("ToolMenu", "Click: begin and end a line. Ctrl and click: another piece. Esc: give it up")},
+     QT_TRANSLATE_NOOP("ToolMenu", "Measure lengths, directions and areas"),
+     QT_TRANSLATE_NOOP("ToolMenu", "Click: begin and end a line. Ctrl and click: another piece, three points have an area. Backspace: take a point back. Esc: give it up")},
     {Tool::SelectRect, ViewerIcon::SelectRect, Qt::CrossCursor, Qt::Key_R,
      QT_TRANSLATE_NOOP("ToolMenu", "Select a &Rectangle"),
      QT_TRANSLATE_NOOP("ToolMenu", "Select a rectangle, to copy its corners or to save it as a picture"),
@@ -126,6 +126,7 @@ QAction* ToolMenu::addTool(Tool Mode) {
 }
 
 void ToolMenu::addResults() {
+  FCopyArea = addAction(tr("Copy A&rea"), this, [this] { emit copyText(FMeasure->areaText()); });
   FCopyLength = addAction(tr("&Copy Length"), this, [this] { emit copyText(lengthText()); });
   FClear = addAction(tr("Clear Lines and Tr&ace"), this, [this] {
     clearResults();
@@ -185,6 +186,7 @@ void ToolMenu::showCursor(bool Pressed) {
 
 void ToolMenu::update() {
   FCopyLength->setEnabled(!lengthText().isEmpty());
+  FCopyArea->setEnabled(!FMeasure->areaText().isEmpty());
   FClear->setEnabled(!FMeasure->isEmpty() || !FSelection->isEmpty() || !FTrace->isEmpty());
   if (FHint == nullptr || FStatus == nullptr) return;
   const QString Result = resultText();
@@ -272,6 +274,11 @@ bool ToolMenu::eventFilter(QObject* Watched, QEvent* Event) {
   const bool Key = Event->type() == QEvent::KeyPress || Event->type() == QEvent::ShortcutOverride;
   if (!Key || Watched != &FWidget) return QMenu::eventFilter(Watched, Event);
   const auto* KeyEvent = static_cast<QKeyEvent*>(Event);
+  if (KeyEvent->key() == Qt::Key_Backspace && tool() == Tool::RubberBand && !FMeasure->isEmpty()) {
+    if (Event->type() == QEvent::KeyPress) return FMeasure->takeBack();
+    Event->accept();
+    return true;
+  }
   if (KeyEvent->key() != Qt::Key_Escape || KeyEvent->modifiers() != Qt::NoModifier) return false;
   if (Event->type() == QEvent::KeyPress) return handleEscape();
   if (busy() || tool() != Tool::Pan || !FMeasure->isEmpty() || !FSelection->isEmpty()) {

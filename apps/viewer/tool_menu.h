@@ -89,6 +89,7 @@ class ToolMenu final : public QMenu {
   TraceTool* FTrace;
   QActionGroup* FTools;
   QAction* FCopyLength = nullptr;
+  QAction* FCopyArea = nullptr;
   QAction* FClear = nullptr;
   QStatusBar* FStatus = nullptr;
   QLabel* FHint = nullptr;

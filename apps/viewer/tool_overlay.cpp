@@ -67,6 +67,16 @@ void ToolOverlay::paintEvent(QPaintEvent* /*Event*/) {
 void ToolOverlay::drawLine(QPainter& Painter) const {
   QPolygonF Line;
   for (const QPointF& Point : FLine) Line << controlOf(Point) + QPointF(0.5, 0.5);
+  if (Line.size() > 2) {
+    // What the area is that of.
+    QColor Inside = LineColor;
+    Inside.setAlpha(28);
+    Painter.setPen(Qt::NoPen);
+    Painter.setBrush(Inside);
+    Painter.drawPolygon(Line);
+    Painter.setPen(QPen(LineColor, 1, Qt::DashLine));
+    Painter.drawLine(Line.constLast(), Line.constFirst());
+  }
   Painter.setBrush(Qt::NoBrush);
   Painter.setPen(QPen(Edge, 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   Painter.drawPolyline(Line);

@@ -15,6 +15,8 @@ constexpr auto D = ReadoutFormat::Degrees;
 constexpr auto DM = ReadoutFormat::DegreesMinutes;
 constexpr auto DMS = ReadoutFormat::DegreesMinutesSeconds;
 constexpr auto Utm = ReadoutFormat::Utm;
+constexpr auto Ups = ReadoutFormat::Ups;
+constexpr auto Mgrs = ReadoutFormat::Mgrs;
 
 TEST(PositionReadout, TextOfPositions) {
   const struct {
@@ -46,6 +48,12 @@ TEST(PositionReadout, TextOfPositions) {
       {{-33.4489, -70.6693}, Utm, 0.5, "19H 344846.7 mE 6297700.2 mN"},
       {{-12.5, 180}, Utm, 0, "1L 173901 mE 8616307 mN"},
       {{84.5, 10}, Utm, 0, "outside UTM (80\u00b0 S to 84\u00b0 N)"},
+      {{86.5, 90}, Ups, 0, "Z 2388699 mE 2000000 mN"},
+      {{-90, 0}, Ups, 0.5, "B 2000000.0 mE 2000000.0 mN"},
+      {{70, 10}, Ups, 0, "outside UPS (the poles to 79.5\u00b0 S and 83.5\u00b0 N)"},
+      {{48.2082, 16.3738}, Mgrs, 0, "33U XP 02065 40353"},
+      {{48.2082, 16.3738}, Mgrs, 85, "33U XP 0206 4035"},
+      {{48.2082, 16.3738}, Mgrs, 1e6, "33U XP"},
       {{90.0001, 10}, D, 0, ""},
       {{Nan, 10}, DMS, 0, ""},
       {{10, std::numeric_limits<double>::infinity()}, Utm, 0, ""},
