@@ -48,7 +48,8 @@ inline std::string Disagreement(TGeoDB& DB) {
   for (int32_t i = 0; i < Count; ++i) {
     const TgdbData Data = DB.GetSumdata(i + 1);
     const auto Bytes = std::bit_cast<std::array<uint8_t, 120>>(Data);
-    if (!std::equal(Bytes.begin(), Bytes.end(), Records.begin() + i * 120)) return "a record";
+    if (!std::equal(Bytes.begin(), Bytes.end(), Records.begin() + std::ptrdiff_t{i} * 120))
+      return "a record";
     if (DB.SearchForItemID(Data.ItemId) != i + 1) return "SearchForItemID";
   }
   if (DB.LazyWrite()) return "";

@@ -46,6 +46,7 @@ TEST(LineDistance, IsThatOfTheNearestPointOfTheLine) {
   constexpr int Steps = 2000;
   for (int Round = 0; Round < 200; ++Round) {
     std::vector<TPosition> Points;
+    Points.reserve(4);
     for (int i = 0; i < 1 + Round % 4; ++i) Points.push_back({Lat(Random), Long(Random)});
     const TPosition From = {Lat(Random), Long(Random)};
     const bool Closed = Round % 2 == 0;
