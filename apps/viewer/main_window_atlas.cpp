@@ -53,12 +53,12 @@ void MainWindow::makeAtlas(QMenu& File) {
   connect(FSaveAtlas, &QAction::triggered, this, &MainWindow::askAtlasList);
 
   FView->addSeparator();
-  FFiner = FView->addAction(MakeIcon(ViewerIcon::MapFiner), tr("&More Detailed Map"),
-                            QKeySequence(Qt::CTRL | Qt::Key_PageDown), this,
-                            [this] { goFromMiddle(1); });
+  FFiner =
+      FView->addAction(MakeIcon(ViewerIcon::MapFiner), tr("&More Detailed Map"),
+                       QKeySequence(Qt::ALT | Qt::Key_Down), this, [this] { goFromMiddle(1); });
   FCoarser =
       FView->addAction(MakeIcon(ViewerIcon::MapCoarser), tr("L&ess Detailed Map"),
-                       QKeySequence(Qt::CTRL | Qt::Key_PageUp), this, [this] { goFromMiddle(-1); });
+                       QKeySequence(Qt::ALT | Qt::Key_Up), this, [this] { goFromMiddle(-1); });
   QAction* Outlines = FView->addAction(tr("Out&lines of Other Maps"));
   Outlines->setCheckable(true);
   Outlines->setChecked(FSettings == nullptr || FSettings->value(OutlinesKey, true).toBool());
@@ -67,7 +67,6 @@ void MainWindow::makeAtlas(QMenu& File) {
     FAtlas->setMapOutlineVisible(On);
     if (FSettings != nullptr) FSettings->setValue(OutlinesKey, On);
   });
-  makeAtlasTool();
 
   connect(FNavigator, &AtlasNavigator::wheeled, this, &MainWindow::wheelTo);
   connect(FNavigator, &AtlasNavigator::clicked, this, &MainWindow::goTo);
@@ -77,6 +76,7 @@ void MainWindow::makeAtlas(QMenu& File) {
                              5000);
   });
   connect(FView, &ViewMenu::mapWanted, this, &MainWindow::stepThroughMaps);
+  makeAtlasTool();
   updateAtlas();
 }
 
@@ -85,26 +85,33 @@ void MainWindow::makeAtlasTool() {
   FAtlasTool =
       new QAction(MakeIcon(ViewerIcon::AtlasZoom), tr("&Go to Other Maps by Clicks"), this);
   FAtlasTool->setCheckable(true);
-  FAtlasTool->setShortcut(Qt::Key_A);
+  FAtlasTool->setShortcut(Qt::Key_G);
   FAtlasTool->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   FAtlasTool->setToolTip(
-      tr("Click: a more detailed map of the place; right button: a less "
-         "detailed one (A)"));
+      tr("Click: a more detailed map of the place; right button: a less detailed one (G)"));
   FWidget->addAction(FAtlasTool);
   const QList<QAction*> Tools = FTools->actions();
   FTools->insertAction(Tools.value(1), FAtlasTool);
   findChild<QToolBar*>(QStringLiteral("mouse-tools"))->addAction(FAtlasTool);
-  connect(FAtlasTool, &QAction::toggled, this, [this](bool On) {
+  const auto TakeMouse = [this] {
+    if (!FAtlasTool->isChecked()) return;
+    FTools->setMouseTaken(true);
+    for (QAction* Tool : FTools->actions())
+      if (Tool != FAtlasTool && Tool->isChecked()) Tool->setChecked(false);
+    FWidget->setCursor(MakeCursor(crGeoZoom, devicePixelRatioF()));
+  };
+  // After the map was changed, which gives the mouse back to the other tools.
+  connect(FNavigator, &AtlasNavigator::clicked, this, TakeMouse, Qt::QueuedConnection);
+  connect(FAtlasTool, &QAction::toggled, this, [this, TakeMouse](bool On) {
     if (On) {
       FCalibration->dock().hide();
       FLandmarks->dock().hide();
     }
     FNavigator->setClicks(On);
-    FTools->setMouseTaken(On || FCalibration->tool().isActive() || FLandmarks->tool().isActive());
-    if (!On) return;
-    for (QAction* Tool : FTools->actions())
-      if (Tool != FAtlasTool && Tool->isChecked()) Tool->setChecked(false);
-    FWidget->setCursor(MakeCursor(crGeoZoom, devicePixelRatioF()));
+    if (!On)
+      return FTools->setMouseTaken(FCalibration->tool().isActive() ||
+                                   FLandmarks->tool().isActive());
+    TakeMouse();
     statusBar()->showMessage(
         tr("Click: a more detailed map of the place. Right button: a less detailed one. Esc: end"),
         10000);

@@ -119,7 +119,7 @@ TEST_F(AtlasWindowTest, AWalkByClicks) {
   constexpr double Long = 8.56;
   Click(Lat, Long);
   EXPECT_EQ(Shown(), "World, Miller projection") << "the hand goes nowhere";
-  QTest::keyClick(&Widget(), Qt::Key_A);
+  QTest::keyClick(&Widget(), Qt::Key_G);
   EXPECT_TRUE(Action("Go to Other Maps by Clicks")->isChecked());
   for (const char* Next : {"Europe", "Alps", "Gotthard"}) {
     const TCoords Clicked = Click(Lat, Long);
@@ -127,6 +127,8 @@ TEST_F(AtlasWindowTest, AWalkByClicks) {
     ExpectInTheMiddle(Clicked);
     EXPECT_EQ(List().currentIndex().data().toString(), Next);
   }
+  QApplication::processEvents();
+  EXPECT_FALSE(Action("Move the Map")->isChecked()) << "one tool at a time";
   const TViewState View = Map().View();
   Click(Lat, Long);
   EXPECT_EQ(Shown(), "Gotthard") << "there is no finer one";
@@ -165,7 +167,7 @@ TEST_F(AtlasWindowTest, AWalkByClicks) {
                                     {TCoords{65, -18}, "Iceland"},
                                     {TCoords{40, -5}, "Europe"}}) {
     ASSERT_EQ(FWindow->openAll({Sample("world_miller.xml")}), "");
-    QTest::keyClick(&Widget(), Qt::Key_A);
+    QTest::keyClick(&Widget(), Qt::Key_G);
     const TCoords Clicked = Click(Place.Latit, Place.Longit);
     EXPECT_EQ(Shown(), Name);
     ExpectInTheMiddle(Clicked);
@@ -253,7 +255,7 @@ TEST_F(AtlasWindowTest, WorksAsFarAsItCan) {
   QFile::setPermissions(Moved, QFile::ReadOwner | QFile::ExeOwner);
 
   // What is open already cannot be gone on with; it says so.
-  QTest::keyClick(&Widget(), Qt::Key_A);
+  QTest::keyClick(&Widget(), Qt::Key_G);
   Click(46.5, 8.5);
   EXPECT_TRUE(FWindow->message().contains(QString::fromUtf8("Blätter")));
   EXPECT_EQ(Shown(), "World, Miller projection");
