@@ -103,6 +103,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(WhileStarting);
   QApplication Application(argc, argv);
   qInstallMessageHandler(nullptr);
+  QApplication::setDesktopFileName(QStringLiteral("zavgeo-viewer"));
   QApplication::setWindowIcon(zav::MakeIcon(zav::ViewerIcon::Application));
 
   const zav::CommandLine Line = zav::ParseCommandLine(QApplication::arguments());
