@@ -60,7 +60,9 @@ void TBitmap::SetSize(int32_t Width, int32_t Height) {
   if (NewWidth == FWidth && NewHeight == FHeight) return;
   const size_t PixelSize = static_cast<size_t>(BytesPerPixel(FFormat));
   const size_t NewStride = StrideFor(NewWidth, NewHeight, FFormat);
-  TBytes Pixels(NewStride * static_cast<size_t>(NewHeight), 0);
+  // Unset: every byte is written below, those between the rows as 0.
+  TBytes Pixels(NewStride * static_cast<size_t>(NewHeight));
+  const size_t UsedBytes = static_cast<size_t>(NewWidth) * PixelSize;
 
   const int32_t Kept = std::min(FWidth, NewWidth);
   for (int32_t Y = 0; Y < NewHeight; ++Y) {
@@ -69,6 +71,7 @@ void TBitmap::SetSize(int32_t Width, int32_t Height) {
     const size_t CommonBytes = static_cast<size_t>(Common) * PixelSize;
     if (Common > 0) std::memcpy(NewRow, Row(Y), CommonBytes);
     FillBlack(FFormat, NewRow + CommonBytes, NewWidth - Common);
+    std::memset(NewRow + UsedBytes, 0, NewStride - UsedBytes);
   }
   FPixels = std::move(Pixels);
   FWidth = NewWidth;
