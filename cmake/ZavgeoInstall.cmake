@@ -15,3 +15,23 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/zavgeoConfigVersion.cmake
 install(FILES ${PROJECT_BINARY_DIR}/zavgeoConfig.cmake
               ${PROJECT_BINARY_DIR}/zavgeoConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zavgeo)
+
+# For builds without CMake. Libraries that use others come first.
+set(core_libraries ${libraries})
+list(REMOVE_ITEM core_libraries zavgeo_qt)
+list(REVERSE core_libraries)
+list(TRANSFORM core_libraries PREPEND "-l" OUTPUT_VARIABLE ZAVGEO_PC_LIBS)
+list(JOIN ZAVGEO_PC_LIBS " " ZAVGEO_PC_LIBS)
+# A program needs to link it itself only with static libraries.
+if(BUILD_SHARED_LIBS)
+  set(ZAVGEO_PC_REQUIRES Requires.private)
+else()
+  set(ZAVGEO_PC_REQUIRES Requires)
+endif()
+file(RELATIVE_PATH ZAVGEO_PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/zavgeo.pc.in ${PROJECT_BINARY_DIR}/zavgeo.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zavgeo.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+if(ZAVGEO_QT)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/zavgeo-qt.pc.in ${PROJECT_BINARY_DIR}/zavgeo-qt.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/zavgeo-qt.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endif()

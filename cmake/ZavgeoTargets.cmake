@@ -27,12 +27,13 @@ if(ZAVGEO_FUZZ)
   target_link_options(zavgeo_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# zavgeo_library(NAME SOURCES ... HEADERS ... [LINKS ...]): a static library zavgeo_NAME, alias
-# zavgeo::NAME. Headers are included by their path below src, in the tree and installed.
+# zavgeo_library(NAME SOURCES ... HEADERS ... [LINKS ...]): a library zavgeo_NAME, alias zavgeo::NAME;
+# static unless BUILD_SHARED_LIBS. Headers are included by their path below src, in the tree and
+# installed.
 function(zavgeo_library Name)
   cmake_parse_arguments(arg "" "" "SOURCES;HEADERS;LINKS;PRIVATE_LINKS" ${ARGN})
   set(target zavgeo_${Name})
-  add_library(${target} STATIC)
+  add_library(${target})
   add_library(zavgeo::${Name} ALIAS ${target})
   target_sources(${target} PRIVATE ${arg_SOURCES})
   target_sources(
@@ -41,7 +42,8 @@ function(zavgeo_library Name)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE $<BUILD_INTERFACE:zavgeo_options>
                                                               ${arg_PRIVATE_LINKS})
-  set_target_properties(${target} PROPERTIES EXPORT_NAME ${Name})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${Name} VERSION ${PROJECT_VERSION}
+                                             SOVERSION ${PROJECT_VERSION_MAJOR})
   set_property(GLOBAL APPEND PROPERTY ZAVGEO_LIBRARIES ${target})
 endfunction()
 
