@@ -78,7 +78,8 @@ void AddOptions(QCommandLineParser& Parser) {
   Parser.addVersionOption();
   Parser.addPositionalArgument(
       QStringLiteral("files"),
-      Tr("Calibration files (.xml), images (.jpg, .bmp) or folders of them."),
+      Tr("Calibration files (.xml), images (.jpg, .bmp), folders of them, lists of maps "
+         "(.zavatlas)."),
       QStringLiteral("[files...]"));
   Parser.addOptions({
       {QStringLiteral("graticule"), Tr("What is drawn over the map: %1.").arg(GraticuleList()),

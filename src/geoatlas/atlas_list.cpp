@@ -46,17 +46,15 @@ std::string PathFrom(const std::string& ListPath, const std::string& Name) {
   return TextOf(Whole(Found.empty() ? Named : Found));
 }
 
-}  // namespace
-
-std::vector<std::string> ReadAtlasList(const std::string& Path) {
-  TextFile File;
-  File.Reset(Path);
+// NextTag(Attributes, Contents) reads on.
+template <typename TNextTag>
+std::vector<std::string> ReadList(const TNextTag& NextTag, const std::string& Path) {
   std::vector<std::string> Maps;
   bool Inside = false;
   std::string Attributes;
   std::string Contents;
   for (;;) {
-    switch (ReadNextTagInTextFile(File, TagNames, tgNone, Attributes, Contents)) {
+    switch (NextTag(Attributes, Contents)) {
       case tgRoot:
         Inside = Inside || SameText(FindAttribute(Attributes, "sig"), XmlSignature);
         break;
@@ -73,6 +71,26 @@ std::vector<std::string> ReadAtlasList(const std::string& Path) {
         throw EInOutError(Path, "the list of maps has no end");
     }
   }
+}
+
+}  // namespace
+
+std::vector<std::string> ReadAtlasList(const std::string& Path) {
+  TextFile File;
+  File.Reset(Path);
+  return ReadList(
+      [&](std::string& Attributes, std::string& Contents) {
+        return ReadNextTagInTextFile(File, TagNames, tgNone, Attributes, Contents);
+      },
+      Path);
+}
+
+std::vector<std::string> ReadAtlasList(TStream& Stream, const std::string& Path) {
+  return ReadList(
+      [&](std::string& Attributes, std::string& Contents) {
+        return ReadNextTagInStream(Stream, TagNames, tgNone, Attributes, Contents);
+      },
+      Path);
 }
 
 void SaveAtlasList(const std::string& Path, const std::vector<std::string>& MapFNames) {
