@@ -56,7 +56,8 @@ void TGeoMap::CreateAndLoadEmptyMap(const std::string& FileName, double Lat1, do
     return Made;
   });
   const auto Alive = Life();
-  const std::string Name = FileName;  // the handler may change what it refers to
+  // The handler may change what it refers to. NOLINTNEXTLINE(performance-unnecessary-copy-*)
+  const std::string Name = FileName;
   const TBitmap Bitmap = DrawnEmptyMap(Map, DrawProc);
   if (Alive.expired()) return;
   const std::string Base = StripExtension(Name);

@@ -23,7 +23,7 @@ constexpr TColor LineColor = RgbColor(160, 160, 160);
 struct TGridLines {
   double First = 0;  // number of the first multiple
   double Stride = 1;
-  double Count = 0;
+  int32_t Count = 0;  // no more than pixels
   double Dist = 1;
 
   double Value(double Index) const noexcept { return (First + Index * Stride) * Dist; }
@@ -37,9 +37,10 @@ TGridLines GridLines(double Low, double High, double Dist, double Pixels) {
   constexpr double Rounding = 1e-9;  // of a grid distance
   Lines.First = std::ceil(Low / Dist - Rounding);
   const double Last = std::floor(High / Dist + Rounding);
-  if (!(High > Low) || !std::isfinite(PerPixel) || !(Last >= Lines.First)) return Lines;
+  if (!(High > Low) || !std::isfinite(PerPixel)) return Lines;
+  if (!std::isfinite(Lines.First) || !std::isfinite(Last) || Last < Lines.First) return Lines;
   Lines.Stride = std::max(1.0, std::ceil(PerPixel));
-  Lines.Count = std::floor((Last - Lines.First) / Lines.Stride) + 1;
+  Lines.Count = static_cast<int32_t>((Last - Lines.First) / Lines.Stride) + 1;
   return Lines;
 }
 
@@ -53,7 +54,7 @@ TGridLines Meridians(const TEmptyMap& Map) {
 
 template <typename TDraw>
 void ForEachValue(const TGridLines& Lines, TDraw Draw) {
-  for (double Index = 0; Index < Lines.Count; ++Index) Draw(Lines.Value(Index));
+  for (int32_t Index = 0; Index < Lines.Count; ++Index) Draw(Lines.Value(Index));
 }
 
 // Decimals that tell multiples of a distance apart in this unit.

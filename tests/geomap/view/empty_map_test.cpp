@@ -48,6 +48,10 @@ TEST(EmptyMap, LinesAreDrawnWhereDegreesAre) {
       EXPECT_EQ(Dense.CountOf("Polyline 0,0 100,0"), 1U) << Dist;
     }
   }
+  // Beyond all numbers there are no lines.
+  TRecordingCanvas Far;
+  DrawEmptyMap(MakeEmptyMap(1e308, 0, 1.0000000000000002e308, 1, 0.1, 5, 100, 100, false), Far);
+  EXPECT_EQ(Far.CountOf("Polyline"), 1U);
   for (const double Same : {0.0, 90.0}) {
     TRecordingCanvas Nothing;
     DrawEmptyMap(MakeEmptyMap(Same, 10, Same, 10, 1, 1, 100, 100, true), Nothing);
