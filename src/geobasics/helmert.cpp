@@ -50,6 +50,28 @@ TDatumRow Turned(TDatumRow Row) noexcept {
   return Row;
 }
 
+struct TPlace {
+  double Lat, Long, Height;
+};
+
+// From one datum to the other; Back leads from WGS 84, ToGeo from cartesian coordinates.
+template <typename TBack, typename TToGeo>
+int Shift(int SourceDatum, const TPlace& From, int TargetDatum, TBack Back, TToGeo ToGeo,
+          double& Lat2, double& Long2, double& Height2) noexcept {
+  const int Code = CodeOf(SourceDatum, From.Lat, From.Long, TargetDatum);
+  if (Code != 0) return Code;
+  const TDatumRow& Source = *DatumRow(SourceDatum);
+  const TDatumRow& Target = *DatumRow(TargetDatum);
+  double X = 0;
+  double Y = 0;
+  double Z = 0;
+  GeoToCartesian(From.Lat, From.Long, From.Height, Source.Ellipsoid, X, Y, Z);
+  HelmertToWGS84(Source, X, Y, Z);
+  Back(Target, X, Y, Z);
+  ToGeo(X, Y, Z, Target.Ellipsoid, Lat2, Long2, Height2);
+  return 0;
+}
+
 }  // namespace
 
 void HelmertToWGS84(const TDatumRow& Datum, double& X, double& Y, double& Z) noexcept {
@@ -82,18 +104,11 @@ void ExactHelmertFromWGS84(const TDatumRow& Datum, double& X, double& Y, double&
 
 int HelmertTransform(int SourceDatum, double Lat, double Long, double Height, int TargetDatum,
                      double& Lat2, double& Long2, double& Height2) noexcept {
-  const int Code = CodeOf(SourceDatum, Lat, Long, TargetDatum);
-  if (Code != 0) return Code;
-  const TDatumRow& Source = *DatumRow(SourceDatum);
-  const TDatumRow& Target = *DatumRow(TargetDatum);
-  double X = 0;
-  double Y = 0;
-  double Z = 0;
-  GeoToCartesian(Lat, Long, Height, Source.Ellipsoid, X, Y, Z);
-  HelmertToWGS84(Source, X, Y, Z);
-  HelmertToWGS84(Turned(Target), X, Y, Z);
-  CartesianToGeo(X, Y, Z, Target.Ellipsoid, Lat2, Long2, Height2);
-  return 0;
+  const auto Back = [](const TDatumRow& Target, double& X, double& Y, double& Z) {
+    HelmertToWGS84(Turned(Target), X, Y, Z);
+  };
+  return Shift(SourceDatum, {Lat, Long, Height}, TargetDatum, Back, CartesianToGeo, Lat2, Long2,
+               Height2);
 }
 
 const THelmertStep& HelmertStep(int Row) noexcept {
@@ -117,18 +132,8 @@ int ExactHelmertTransform(int SourceDatum, double Lat, double Long, double Heigh
 
 int SingleExactHelmert(int SourceDatum, double Lat, double Long, double Height, int TargetDatum,
                        double& Lat2, double& Long2, double& Height2) noexcept {
-  const int Code = CodeOf(SourceDatum, Lat, Long, TargetDatum);
-  if (Code != 0) return Code;
-  const TDatumRow& Source = *DatumRow(SourceDatum);
-  const TDatumRow& Target = *DatumRow(TargetDatum);
-  double X = 0;
-  double Y = 0;
-  double Z = 0;
-  GeoToCartesian(Lat, Long, Height, Source.Ellipsoid, X, Y, Z);
-  HelmertToWGS84(Source, X, Y, Z);
-  ExactHelmertFromWGS84(Target, X, Y, Z);
-  ExactCartesianToGeo(X, Y, Z, Target.Ellipsoid, Lat2, Long2, Height2);
-  return 0;
+  return Shift(SourceDatum, {Lat, Long, Height}, TargetDatum, ExactHelmertFromWGS84,
+               ExactCartesianToGeo, Lat2, Long2, Height2);
 }
 
 }  // namespace zav

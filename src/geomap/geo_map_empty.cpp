@@ -14,6 +14,19 @@
 
 namespace zav {
 
+namespace {
+
+// Throws EZAVGeoMapError, before any memory is taken, for more than Limit pixels, too.
+TEmptyMap PlanEmptyMap(double Lat1, double Long1, double Lat2, double Long2, double LatGridDist,
+                       double LongGridDist, TSize Size, bool Margin, int64_t Limit) {
+  const TEmptyMap Map = MakeEmptyMap(Lat1, Long1, Lat2, Long2, LatGridDist, LongGridDist,
+                                     Size.Width, Size.Height, Margin);
+  CheckMapPixels({Map.Width, Map.Height}, Limit);
+  return Map;
+}
+
+}  // namespace
+
 // The handler may destroy the control.
 TBitmap TGeoMap::DrawnEmptyMap(const TEmptyMap& Map, const TDrawEmptyMapProc& DrawProc) {
   TBitmap Bitmap(Map.Width, Map.Height, TPixelFormat::pf24bit);
@@ -31,10 +44,8 @@ void TGeoMap::CreateEmptyMapInMemory(double Lat1, double Long1, double Lat2, dou
                                      int32_t Height, bool Margin,
                                      const TDrawEmptyMapProc& DrawProc) {
   const TEmptyMap Map = Framed([&] {
-    TEmptyMap Made =
-        MakeEmptyMap(Lat1, Long1, Lat2, Long2, LatGridDist, LongGridDist, Width, Height, Margin);
-    CheckMapPixels({Made.Width, Made.Height}, MaxDecodablePixels);
-    return Made;
+    return PlanEmptyMap(Lat1, Long1, Lat2, Long2, LatGridDist, LongGridDist, {Width, Height},
+                        Margin, MaxDecodablePixels);
   });
   const auto Alive = Life();
   const TBitmap Bitmap = DrawnEmptyMap(Map, DrawProc);
@@ -50,10 +61,8 @@ void TGeoMap::CreateAndLoadEmptyMap(const std::string& FileName, double Lat1, do
                                     const TDrawEmptyMapProc& DrawProc) {
   constexpr const char* Id = "ZAV_geomap_caldata";
   const TEmptyMap Map = Framed([&] {
-    TEmptyMap Made =
-        MakeEmptyMap(Lat1, Long1, Lat2, Long2, LatGridDist, LongGridDist, Width, Height, false);
-    CheckMapPixels({Made.Width, Made.Height}, MaxMapPixels);
-    return Made;
+    return PlanEmptyMap(Lat1, Long1, Lat2, Long2, LatGridDist, LongGridDist, {Width, Height}, false,
+                        MaxMapPixels);
   });
   const auto Alive = Life();
   // The handler may change what it refers to. NOLINTNEXTLINE(performance-unnecessary-copy-*)
