@@ -141,7 +141,7 @@ QString MainWindow::openAtlas(QList<MapSource> Sources) {
     if (++Calibrated <= TMapRegister::Capacity)
       FAtlas->atlas().RegisterMap(FromQString(Source.Path));
   }
-  const QString Problem = openList(Sources);
+  QString Problem = openList(Sources);
   QString Text = MissingText(FList->sources());
   if (Calibrated > TMapRegister::Capacity)
     Text = tr("Only the first %1 of %2 maps are gone to by clicks and the wheel; the list holds "
@@ -226,6 +226,9 @@ void MainWindow::loadMap(const MapSource& Source) {
 MapSource MainWindow::sourceOf(int Index) const { return InspectMap(FAtlas->mapFile(Index)); }
 
 void MainWindow::wheelTo(int Index, const AtlasPlace& Place) {
+  // A question at each turn of the wheel would be too much.
+  if (FCalibration->document().isModified())
+    return statusBar()->showMessage(tr("Save the calibration before you go to another map"), 5000);
   const double Metres = FNavigator->metresOnScreen();
   showMap(sourceOf(Index), [this, Place, Metres] {
     FView->showArrived([&] { FNavigator->arriveUnder(Place, Metres); }, true);
@@ -239,8 +242,7 @@ void MainWindow::goTo(int Index, const AtlasPlace& Place) {
 }
 
 void MainWindow::goFromMiddle(int Direction) {
-  const std::optional<AtlasPlace> Place =
-      FNavigator->placeAt(QPointF(FWidget->width() / 2, FWidget->height() / 2));
+  const std::optional<AtlasPlace> Place = FNavigator->placeAt(FWidget->rect().center());
   const int Index = Place ? FNavigator->mapFrom(Place->Position, Direction) : 0;
   if (Index > 0)
     goTo(Index, *Place);

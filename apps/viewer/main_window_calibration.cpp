@@ -6,7 +6,8 @@
 #include <QSettings>
 #include <QStatusBar>
 
-#include <platform/qt/geo_map_widget.h>
+#include <platform/qt/geo_atlas_widget.h>
+#include <platform/qt/qt_convert.h>
 
 #include "atlas_navigator.h"
 #include "calibration_menu.h"
@@ -60,6 +61,13 @@ void MainWindow::calibrationChanged() {
 // The image that was opened is a map now.
 void MainWindow::calibrationSaved(const QString& Path) {
   FShown = InspectMap(Path);
+  // Its corners and detail may be others now.
+  TGeoAtlas& Atlas = FAtlas->atlas();
+  if (Atlas.Maps().Find(FromQString(Path)) > 0) {
+    const int Line = Atlas.ListItemIndex();
+    Atlas.RegisterMap(FromQString(Path));
+    Atlas.MarkInList(Line);
+  }
   if (FSettings != nullptr) RecentFiles(*FSettings).add(Path);
   updateStatus();
 }

@@ -22,6 +22,7 @@
 #include <platform/qt/geo_atlas_widget.h>
 
 #include "atlas_sources.h"
+#include "calibration_workbench.h"
 #include "map_list.h"
 #include "viewer_test_support.h"
 
@@ -293,6 +294,25 @@ TEST_F(AtlasWindowTest, WorksAsFarAsItCan) {
   EXPECT_FALSE(Action("Save List of Maps As...")->isEnabled());
   Action("View Before")->trigger();
   EXPECT_EQ(Shown(), "Europe") << "from map to map, whichever they are";
+}
+
+// A calibration that is changed and saved counts at once, and its map keeps its place.
+TEST_F(AtlasWindowTest, SavedCalibrationsAreRegisteredAnew) {
+  const TestFolder Folder;
+  for (const char* Name :
+       {"world_miller.xml", "world_miller.jpg", "europe_conic.xml", "europe_conic.jpg"})
+    Folder.copy(Name, Name);
+  ASSERT_EQ(FWindow->openAll({Folder.Dir.path()}), "");
+  QTest::keyClick(&Widget(), Qt::Key_G);
+  Click(46.5, 8.5);
+  ASSERT_EQ(Shown(), "Europe");
+  const TGeoAtlas& Atlas = FWindow->atlasWidget().atlas();
+  const TMapDefinition Before = Atlas.GetMapDef(2);
+  FWindow->calibration().document().setCaption(QStringLiteral("Europa"));
+  ASSERT_TRUE(FWindow->calibration().save());
+  EXPECT_EQ(Atlas.GetMapDef(2).Caption, "europa");
+  EXPECT_EQ(Atlas.GetMapDef(2).MapFName, Before.MapFName);
+  EXPECT_EQ(Atlas.ListItemIndex(), 1) << "its own outline is still left out";
 }
 
 }  // namespace
