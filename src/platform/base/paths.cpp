@@ -115,9 +115,10 @@ std::string ResolveFile(const std::string& Path) {
 
 std::string ResolveFile(const std::string& Path, const std::string& BesideFile) {
   if (Path.empty()) return {};
-  std::string found = ResolveFile(Path);
   const std::string folder = DirectoryOf(BesideFile);
-  if (found.empty()) found = ResolveFile(folder + Path);
+  const bool absolute = Path.front() == '/' || Path.front() == '\\';
+  std::string found = absolute ? std::string() : ResolveFile(folder + Path);
+  if (found.empty()) found = ResolveFile(Path);
   if (found.empty()) found = ResolveFile(folder + StripPath(Path));
   return found;
 }

@@ -38,8 +38,9 @@ bool FileExists(const std::string& Path);
 // exact one and then the first in byte order wins. Empty when there is no such file.
 std::string ResolveFile(const std::string& Path);
 
-// The same for a file that is named in another one: under the name as it stands, then in the folder
-// of BesideFile, then there by its bare name.
+// The same for a file that is named in another one: a relative name in the folder of BesideFile, so
+// that a file of this name in the working folder is not taken for it; then the name as it stands,
+// then its bare name in that folder.
 std::string ResolveFile(const std::string& Path, const std::string& BesideFile);
 
 }  // namespace zav

@@ -48,8 +48,8 @@ class ResolveFileTest : public testing::Test {
   ResolveFileTest() {
     for (const char* name :
          {"Karten/Zürich/Österreich.JPG", "Карты/МОСКВА.bmp", "地图/東京.jpg", "both/Map.jpg",
-          "both/map.jpg", "MAPS/other.jpg", "Maps/wanted.jpg", "sets/city.xml", "sets/City.JPG",
-          "sets/img/Lake.jpg", "back\\slash.jpg"}) {
+          "both/map.jpg", "both/city.jpg", "MAPS/other.jpg", "Maps/wanted.jpg", "sets/city.xml",
+          "sets/City.JPG", "sets/img/Lake.jpg", "back\\slash.jpg"}) {
       const std::string path = FFolder / name;
       std::filesystem::create_directories(std::filesystem::path(path).parent_path());
       WriteWholeFile(path, "x");
@@ -95,6 +95,13 @@ TEST_F(ResolveFileTest, LooksBesideTheFileThatNamesIt) {
   EXPECT_EQ(ResolveFile("c:\\maps\\city.jpg", beside), FFolder / "sets/City.JPG");
   EXPECT_EQ(ResolveFile(FFolder / "maps/Wanted.jpg", beside), FFolder / "Maps/wanted.jpg");
   EXPECT_EQ(ResolveFile("", beside), "");
+  // A file of that name in the working folder is another one; it is taken only where there is none.
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(FFolder / "both");
+  EXPECT_EQ(ResolveFile("city.jpg", beside), FFolder / "sets/City.JPG");
+  EXPECT_EQ(ResolveFile("map.jpg", FFolder / "both/map.jpg"), FFolder / "both/map.jpg");
+  EXPECT_EQ(ResolveFile("map.jpg", beside), "map.jpg");
+  std::filesystem::current_path(before);
 }
 
 }  // namespace
