@@ -62,7 +62,7 @@ GoToResult FindName(const QString& Text) {
 GoToResult FindPlace(const QString& Text, TGeoEllipsoid Ellipsoid) {
   const QString Typed = Text.simplified();
   if (Typed.isEmpty()) return {};
-  const GoToResult Named = FindName(Typed);
+  GoToResult Named = FindName(Typed);
   if (Named.Place || !Named.Problem.isEmpty()) return Named;
   try {
     const TGeoPosition Position = PositionFromText(Typed.toStdString(), Ellipsoid);

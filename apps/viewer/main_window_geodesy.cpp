@@ -81,7 +81,7 @@ QString MainWindow::createMap(const TEmptyMap& Plan, const QString& Given) {
   if (QFileInfo::exists(Image) && !File.exists())
     return tr("There is an image \"%1\" already; choose another name.")
         .arg(QDir::toNativeSeparators(Image));
-  const QString Problem = WriteEmptyMap(Plan, Path);
+  QString Problem = WriteEmptyMap(Plan, Path);
   if (!Problem.isEmpty()) return Problem;
   if (FSettings != nullptr) FSettings->setValue(FolderKey, File.absolutePath());
   return openAll({Path});
