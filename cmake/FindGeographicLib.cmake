@@ -1,4 +1,4 @@
-# GeographicLib (Debian: libgeographiclib-dev): the judge of the projections in tests and benchmarks.
+# GeographicLib (Debian: libgeographiclib-dev): areas in the viewer; the judge of the projections in tests and benchmarks.
 find_path(GeographicLib_INCLUDE_DIR GeographicLib/TransverseMercator.hpp)
 find_library(GeographicLib_LIBRARY NAMES GeographicLib Geographic)
 include(FindPackageHandleStandardArgs)
