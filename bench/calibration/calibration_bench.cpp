@@ -136,7 +136,8 @@ void Time() {
           Y = Lat;
           GDALGCPTransform(Transformer.get(), TRUE, static_cast<int>(Count), X.data(), Y.data(),
                            Z.data(), Success.data());
-        }}});
+        },
+        0.5}});
 }
 
 }  // namespace

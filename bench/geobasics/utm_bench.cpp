@@ -106,7 +106,7 @@ int main() {
                        Lib.Forward(Zone * 6 - 183, A, B, X, Y);
                      });
                    }},
-                  {"PROJ", ProjForward(Exact)},
+                  {"PROJ", ProjForward(Exact), 1 / 1.7},
                   {"PROJ +approx", ProjForward(Approx)}});
   bench::Compare("UTM to degrees, a point", NumPoints, Rounds,
                  {{"zavgeo",
@@ -121,7 +121,7 @@ int main() {
                        Lib.Reverse(Zone * 6 - 183, A - 500000, B, X, Y);
                      });
                    }},
-                  {"PROJ", ProjReverse(Exact)},
+                  {"PROJ", ProjReverse(Exact), 1 / 1.7},
                   {"PROJ +approx", ProjReverse(Approx)}});
   return 0;
 }
