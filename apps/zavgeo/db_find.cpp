@@ -202,7 +202,8 @@ void AddDbFindCommands(TProgram& Program, CLI::App& Db) {
   Search->add_option("--name", Options->Name, "a part of the name; case and accents do not count");
   Search->add_flag("--prefix", Options->Prefix, "the name begins with the text");
   Search->add_option("--kind", Options->Kind, "kind of the item");
-  Search->add_option("--near", Options->Near, "LAT,LONG: the nearest items, by their lines and points");
+  Search->add_option("--near", Options->Near,
+                     "LAT,LONG: the nearest items, by their lines and points");
   Search->add_option("--count", Options->Count, "at most so many items; 10 with --near");
   const auto [Item, ItemOptions] = AddDbCommand(Program, Db, "get", "Tells all of an item", Get);
   Item->add_option("ITEMID", ItemOptions->ItemId, "identifier of the item")->required();

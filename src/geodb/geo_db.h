@@ -301,9 +301,9 @@ class TGeoDB : public TComponent {
   std::vector<int32_t> ItemsInRegion(const TGeoRegion& Region);
   void ItemsInRegion(const TGeoRegion& Region, std::vector<int32_t>& RecNos);
   // The Count items nearest to a position, by the distance in metres on a sphere: of point lists to
-  // their lines (0 within closed ones), of others to their boxes. Lists that cannot be read count as
-  // their boxes, and no distance is below that to the box. Id is the record number. Reads the point
-  // lists in question.
+  // their lines (0 within closed ones), of others to their boxes. Lists that cannot be read count
+  // as their boxes, and no distance is below that to the box. Id is the record number. Reads the
+  // point lists in question.
   std::vector<TNearItem> NearestItems(double Latit, double Longit, size_t Count);
   // The items that contain a position, by ascending record number: closed point lists that it lies
   // in or on, and BLOBs and towns whose box holds it. Reads the point lists in question.
