@@ -267,7 +267,8 @@ TEST(LandMarkStore, QuestionsMayChangeTheStore) {
 
   // When something is removed meanwhile, nothing else is: the numbers mean other landmarks now.
   const auto Removing = [&](TLandMarkAction, const TLandMark& LandMark) {
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): to see whether the record changes
+    // To see whether the record changes.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const TLandMark Before = LandMark;
     Store.Remove(7, nullptr);
     EXPECT_EQ(LandMark, Before) << "the record that is asked about stays readable";
