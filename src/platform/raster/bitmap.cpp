@@ -65,7 +65,7 @@ void TBitmap::SetSize(int32_t Width, int32_t Height) {
   const size_t UsedBytes = static_cast<size_t>(NewWidth) * PixelSize;
 
   const int32_t Kept = std::min(FWidth, NewWidth);
-  for (int32_t Y = 0; Y < NewHeight; ++Y) {
+  for (int32_t Y = 0; Y < NewHeight && NewStride > 0; ++Y) {
     uint8_t* NewRow = Pixels.data() + static_cast<size_t>(Y) * NewStride;
     const int32_t Common = Y < FHeight ? Kept : 0;
     const size_t CommonBytes = static_cast<size_t>(Common) * PixelSize;
