@@ -14,11 +14,11 @@ namespace zav {
 namespace {
 
 constexpr int32_t ModeGroup = 999;
-constexpr int32_t Button = 26;
+constexpr int32_t ButtonSize = 26;
 constexpr int32_t Gap = 3;
-constexpr TRect PointerBounds{Gap, Gap, Gap + Button, Gap + Button};
-constexpr TRect ZoomBounds{PointerBounds.Right + Gap, Gap, PointerBounds.Right + Gap + Button,
-                           Gap + Button};
+constexpr TRect PointerBounds{Gap, Gap, Gap + ButtonSize, Gap + ButtonSize};
+constexpr TRect ZoomBounds{PointerBounds.Right + Gap, Gap, PointerBounds.Right + Gap + ButtonSize,
+                           Gap + ButtonSize};
 constexpr TRect ListBounds{ZoomBounds.Right + 10, 5, ZoomBounds.Right + 310, 29};
 
 // The pixel of a position, in a UTM map's own zone; false where the calibration reaches so far
