@@ -3,7 +3,9 @@ include(CMakePackageConfigHelpers)
 
 get_property(libraries GLOBAL PROPERTY ZAVGEO_LIBRARIES)
 foreach(library IN LISTS libraries)
-  install(TARGETS ${library} EXPORT zavgeoTargets FILE_SET HEADERS)
+  install(TARGETS ${library} EXPORT zavgeoTargets
+          FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zavgeo
+          LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 endforeach()
 install(EXPORT zavgeoTargets NAMESPACE zavgeo:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zavgeo)
 
