@@ -220,7 +220,10 @@ bool LandmarkTool::release(const QMouseEvent& Event) {
 }
 
 bool LandmarkTool::handleKey(const QKeyEvent& Event) {
-  if (const std::optional<QPoint> Step = ArrowStep(Event.key())) {
+  // With other keys held, arrows are the window's, also when it has nothing to do for them.
+  const auto Others = Event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+  const std::optional<QPoint> Step = ArrowStep(Event.key());
+  if (Step && Others == Qt::NoModifier) {
     return moveSelected(*Step * (Event.modifiers().testFlag(Qt::ShiftModifier) ? FarKeyStep : 1));
   }
   if (Event.key() != Qt::Key_Escape || Event.modifiers() != Qt::NoModifier) return false;
