@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 class TStream;
@@ -17,14 +19,14 @@ class TStream;
 // The calibration files that a list names, in its order, each where it is found: as named, or
 // beside the list. One that is not found comes as it would be found as named. Throws EInOutError
 // when the file cannot be read or is no list.
-std::vector<std::string> ReadAtlasList(const std::string& Path);
+ZAVGEO_API std::vector<std::string> ReadAtlasList(const std::string& Path);
 // The same from a stream with the content of a file at Path.
-std::vector<std::string> ReadAtlasList(TStream& Stream, const std::string& Path);
+ZAVGEO_API std::vector<std::string> ReadAtlasList(TStream& Stream, const std::string& Path);
 
 // Writes a list in place of an older one, which stays as it was when anything fails. Relative names
 // count from the working folder. Throws EInOutError, also for a name that the format cannot hold (a
 // double quote, a line break); nothing is written then.
-void SaveAtlasList(const std::string& Path, const std::vector<std::string>& MapFNames);
+ZAVGEO_API void SaveAtlasList(const std::string& Path, const std::vector<std::string>& MapFNames);
 
 }  // namespace zav
 

@@ -22,6 +22,7 @@
 
 #include <geoatlas/map_register.h>
 #include <geomap/geo_map.h>
+#include <platform/base/api.h>
 #include <platform/host/control.h>
 #include <platform/host/widgets.h>
 
@@ -32,7 +33,7 @@ inline constexpr int32_t crGeoZoom = 1000;
 inline constexpr int32_t crGeoHand = 1001;  // for hosts; the atlas does not use it
 inline constexpr int32_t crHandPoint = -21;
 
-class TGeoAtlas : public TCustomControl, private TGeoMapObserver {
+class ZAVGEO_API TGeoAtlas : public TCustomControl, private TGeoMapObserver {
  public:
   static constexpr int32_t PanelHeight = 33;
   // Eight maps of the largest size, 32 bits a pixel.

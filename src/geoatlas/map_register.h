@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <geomap/calibration/calib_data.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
@@ -23,7 +24,7 @@ struct TMapDefinition {
   friend bool operator==(const TMapDefinition&, const TMapDefinition&) = default;
 };
 
-class TMapRegister {
+class ZAVGEO_API TMapRegister {
  public:
   static constexpr int32_t Capacity = 200;
 
@@ -69,7 +70,7 @@ class TMapRegister {
 };
 
 // Reads the calibration that a map has. Throws an EZAVError that tells people why there is none.
-TCalibData ReadMapCalibration(const std::string& MapFName);
+ZAVGEO_API TCalibData ReadMapCalibration(const std::string& MapFName);
 
 // The lines of a map's outline on another map. PixelOf(Position, Pixel) tells whether a corner has
 // a pixel; one that has none is left out and the line runs on to the next.

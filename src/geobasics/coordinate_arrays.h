@@ -15,47 +15,51 @@
 #include <span>
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // All in one zone; about the meridian of Greenwich for a zone outside 1..60.
-void LatLongToUTMZone(std::span<const double> Lat, std::span<const double> Long, int Zone,
-                      TGeoEllipsoid Ellipsoid, std::span<double> Easting,
-                      std::span<double> Northing);
+ZAVGEO_API void LatLongToUTMZone(std::span<const double> Lat, std::span<const double> Long,
+                                 int Zone, TGeoEllipsoid Ellipsoid, std::span<double> Easting,
+                                 std::span<double> Northing);
 // Each in the zone it lies in, which is told.
-void LatLongToUTM(std::span<const double> Lat, std::span<const double> Long,
-                  TGeoEllipsoid Ellipsoid, std::span<int> Zone, std::span<double> Easting,
-                  std::span<double> Northing);
+ZAVGEO_API void LatLongToUTM(std::span<const double> Lat, std::span<const double> Long,
+                             TGeoEllipsoid Ellipsoid, std::span<int> Zone,
+                             std::span<double> Easting, std::span<double> Northing);
 
 // All of one zone and hemisphere.
-void UTMToLatLong(std::span<const double> Easting, std::span<const double> Northing, int Zone,
-                  bool SouthHemi, TGeoEllipsoid Ellipsoid, std::span<double> Lat,
-                  std::span<double> Long);
+ZAVGEO_API void UTMToLatLong(std::span<const double> Easting, std::span<const double> Northing,
+                             int Zone, bool SouthHemi, TGeoEllipsoid Ellipsoid,
+                             std::span<double> Lat, std::span<double> Long);
 // Each of a zone and hemisphere of its own.
-void UTMToLatLong(std::span<const double> Easting, std::span<const double> Northing,
-                  std::span<const int> Zone, std::span<const THemisphere> Hemisphere,
-                  TGeoEllipsoid Ellipsoid, std::span<double> Lat, std::span<double> Long);
+ZAVGEO_API void UTMToLatLong(std::span<const double> Easting, std::span<const double> Northing,
+                             std::span<const int> Zone, std::span<const THemisphere> Hemisphere,
+                             TGeoEllipsoid Ellipsoid, std::span<double> Lat,
+                             std::span<double> Long);
 
 // Each on the grid of its hemisphere.
-void LatLongToUPS(std::span<const double> Lat, std::span<const double> Long,
-                  TGeoEllipsoid Ellipsoid, std::span<double> X, std::span<double> Y);
-void UPSToLatLong(std::span<const double> X, std::span<const double> Y, bool SouthHemi,
-                  TGeoEllipsoid Ellipsoid, std::span<double> Lat, std::span<double> Long);
+ZAVGEO_API void LatLongToUPS(std::span<const double> Lat, std::span<const double> Long,
+                             TGeoEllipsoid Ellipsoid, std::span<double> X, std::span<double> Y);
+ZAVGEO_API void UPSToLatLong(std::span<const double> X, std::span<const double> Y, bool SouthHemi,
+                             TGeoEllipsoid Ellipsoid, std::span<double> Lat,
+                             std::span<double> Long);
 
-void GeoToCartesian(std::span<const double> Lat, std::span<const double> Long,
-                    std::span<const double> Height, TGeoEllipsoid Ellipsoid, std::span<double> X,
-                    std::span<double> Y, std::span<double> Z);
-void ExactCartesianToGeo(std::span<const double> X, std::span<const double> Y,
-                         std::span<const double> Z, TGeoEllipsoid Ellipsoid, std::span<double> Lat,
-                         std::span<double> Long, std::span<double> Height);
+ZAVGEO_API void GeoToCartesian(std::span<const double> Lat, std::span<const double> Long,
+                               std::span<const double> Height, TGeoEllipsoid Ellipsoid,
+                               std::span<double> X, std::span<double> Y, std::span<double> Z);
+ZAVGEO_API void ExactCartesianToGeo(std::span<const double> X, std::span<const double> Y,
+                                    std::span<const double> Z, TGeoEllipsoid Ellipsoid,
+                                    std::span<double> Lat, std::span<double> Long,
+                                    std::span<double> Height);
 
 // -2 for a TargetDatum and -1 for a SourceDatum that does not exist; nothing is changed then. Else
 // a position that the single call refuses leaves its result as it was, and the code of the first
 // such position is returned; 0 when there is none.
-int ExactHelmertTransform(int SourceDatum, std::span<const double> Lat,
-                          std::span<const double> Long, std::span<const double> Height,
-                          int TargetDatum, std::span<double> Lat2, std::span<double> Long2,
-                          std::span<double> Height2);
+ZAVGEO_API int ExactHelmertTransform(int SourceDatum, std::span<const double> Lat,
+                                     std::span<const double> Long, std::span<const double> Height,
+                                     int TargetDatum, std::span<double> Lat2,
+                                     std::span<double> Long2, std::span<double> Height2);
 
 }  // namespace zav
 

@@ -18,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/base/short_string.h>
 
 namespace zav {
@@ -39,19 +40,19 @@ struct TCountryData {
 inline constexpr size_t NumCountries = 231;
 
 // Sorted by name.
-extern const std::array<TCountryData, NumCountries> CountryData;
+extern ZAVGEO_API const std::array<TCountryData, NumCountries> CountryData;
 
 // A country by its ISO code of two or three letters, by its FIPS code, by its name. Case does not
 // count, accents do not count in names; "Korea, North" is "North Korea" too, and "Burma;Myanmar"
 // either of both. Null for what is unknown.
-const TCountryData* FindCountryByISO(std::string_view Code);
-const TCountryData* FindCountryByFips(std::string_view Code);
-const TCountryData* FindCountryByName(std::string_view Name);
+ZAVGEO_API const TCountryData* FindCountryByISO(std::string_view Code);
+ZAVGEO_API const TCountryData* FindCountryByFips(std::string_view Code);
+ZAVGEO_API const TCountryData* FindCountryByName(std::string_view Name);
 // By ISO code, else by name. No FIPS codes: "au" is Austria there, Australia here.
-const TCountryData* FindCountry(std::string_view CodeOrName);
+ZAVGEO_API const TCountryData* FindCountry(std::string_view CodeOrName);
 
 // The countries that have a capital of that name: Kingston is the capital of two.
-std::vector<const TCountryData*> FindCountriesByCapital(std::string_view Capital);
+ZAVGEO_API std::vector<const TCountryData*> FindCountriesByCapital(std::string_view Capital);
 
 }  // namespace zav
 

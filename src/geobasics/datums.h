@@ -16,6 +16,7 @@
 #include <vector>
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -40,11 +41,11 @@ inline constexpr int NumDatumRows = 271;
 inline constexpr int WGS84DatumRow = 269;
 
 // A row from 1 to NumDatumRows; null outside.
-const TDatumRow* DatumRow(int Row) noexcept;
+ZAVGEO_API const TDatumRow* DatumRow(int Row) noexcept;
 
 // The rows of the name, in order; upper and lower case, blanks and punctuation do not count. None
 // for an unknown name.
-std::vector<int> FindDatumRows(std::string_view Name);
+ZAVGEO_API std::vector<int> FindDatumRows(std::string_view Name);
 
 }  // namespace zav
 

@@ -18,12 +18,13 @@
 #include <optional>
 #include <string_view>
 
+#include <platform/base/api.h>
 #include <platform/base/errors.h>
 
 namespace zav {
 
 // Thrown by the functions of geobasics.
-class EZAVGeoBasicsError : public EZAVError {
+class ZAVGEO_API EZAVGeoBasicsError : public EZAVError {
  public:
   using EZAVError::EZAVError;
 };
@@ -204,29 +205,29 @@ constexpr const TEllipsoidAxes& AxesOf(TGeoEllipsoid Ellipsoid) noexcept {
 }
 
 // Finds an ellipsoid by its identifier, upper and lower case alike; nothing when there is none.
-std::optional<TGeoEllipsoid> FindGeoEllipsoid(std::string_view Id) noexcept;
+ZAVGEO_API std::optional<TGeoEllipsoid> FindGeoEllipsoid(std::string_view Id) noexcept;
 // The same; gelWGS84 for an unknown identifier.
-TGeoEllipsoid GeoEllipsoidFromId(std::string_view Id) noexcept;
+ZAVGEO_API TGeoEllipsoid GeoEllipsoidFromId(std::string_view Id) noexcept;
 
 // First eccentricity squared, 1 - B*B/(A*A).
-double GeoEllEccSquared(TGeoEllipsoid Ellipsoid) noexcept;
+ZAVGEO_API double GeoEllEccSquared(TGeoEllipsoid Ellipsoid) noexcept;
 // The same from two axes in either order.
-double GeoEllEccSquared(double A, double B) noexcept;
+ZAVGEO_API double GeoEllEccSquared(double A, double B) noexcept;
 // The same from the reciprocal flattening; 0 for a sphere.
-double GeoEllEccSquared(double RecipFlat) noexcept;
+ZAVGEO_API double GeoEllEccSquared(double RecipFlat) noexcept;
 
 // Reciprocal flattening 1/f with f = 1 - B/A; 0 for a sphere.
-double RecipFlattening(TGeoEllipsoid Ellipsoid) noexcept;
-double RecipFlattening(double A, double B) noexcept;
+ZAVGEO_API double RecipFlattening(TGeoEllipsoid Ellipsoid) noexcept;
+ZAVGEO_API double RecipFlattening(double A, double B) noexcept;
 // The same from the eccentricity squared; quiet NaN outside 0..1. Never throws.
-double RecipFlattening(double EccSquared) noexcept;
+ZAVGEO_API double RecipFlattening(double EccSquared) noexcept;
 
 // Semi-minor axis from the semi-major axis and the reciprocal flattening.
 // Throws EZAVGeoBasicsError "invalid reciprocal flattening" when RecipFlat is negative.
-double EllipsoidMinAxFlat(double MajAx, double RecipFlat);
+ZAVGEO_API double EllipsoidMinAxFlat(double MajAx, double RecipFlat);
 // Semi-minor axis from the semi-major axis and the eccentricity squared; NaN when that is above 1.
 // Throws EZAVGeoBasicsError "invalid eccentricity" when EccSquared is negative.
-double EllipsoidMinAxEcc(double MajAx, double EccSquared);
+ZAVGEO_API double EllipsoidMinAxEcc(double MajAx, double EccSquared);
 
 }  // namespace zav
 

@@ -9,6 +9,7 @@
 #define ZAV_GEOBASICS_GEODESIC_H
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -19,8 +20,8 @@ struct TGeodesic {
 
 // Latitudes and longitudes in degrees; longitudes may differ by any number of turns, latitudes
 // beyond a pole count as the pole. The same point: 0, 0. A number that is not finite: NaN.
-TGeodesic GeodesicBetween(const TEllipsoidAxes& Ellipsoid, double Lat1, double Long1, double Lat2,
-                          double Long2);
+ZAVGEO_API TGeodesic GeodesicBetween(const TEllipsoidAxes& Ellipsoid, double Lat1, double Long1,
+                                     double Lat2, double Long2);
 
 }  // namespace zav
 

@@ -10,6 +10,7 @@
 #define ZAV_GEOBASICS_HELMERT_H
 
 #include <geobasics/datums.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -21,17 +22,20 @@ namespace zav {
 // The result is 0, or tells the first thing that is wrong, in this order: -4 Long outside
 // -180..180, -3 Lat outside -90..90, -2 TargetDatum and -1 SourceDatum outside 1..NumDatumRows.
 // Lat2, Long2 and Height2 stay as they were then.
-int HelmertTransform(int SourceDatum, double Lat, double Long, double Height, int TargetDatum,
-                     double& Lat2, double& Long2, double& Height2) noexcept;
+ZAVGEO_API int HelmertTransform(int SourceDatum, double Lat, double Long, double Height,
+                                int TargetDatum, double& Lat2, double& Long2,
+                                double& Height2) noexcept;
 
 // The same with the exact inverse of the transformation to WGS 84, in all quadrants and on spheres;
 // there and back is the same position to 1e-8 m.
-int ExactHelmertTransform(int SourceDatum, double Lat, double Long, double Height, int TargetDatum,
-                          double& Lat2, double& Long2, double& Height2) noexcept;
+ZAVGEO_API int ExactHelmertTransform(int SourceDatum, double Lat, double Long, double Height,
+                                     int TargetDatum, double& Lat2, double& Long2,
+                                     double& Height2) noexcept;
 
 // Cartesian coordinates of the datum to those of WGS 84, and back, exactly; in place.
-void HelmertToWGS84(const TDatumRow& Datum, double& X, double& Y, double& Z) noexcept;
-void ExactHelmertFromWGS84(const TDatumRow& Datum, double& X, double& Y, double& Z) noexcept;
+ZAVGEO_API void HelmertToWGS84(const TDatumRow& Datum, double& X, double& Y, double& Z) noexcept;
+ZAVGEO_API void ExactHelmertFromWGS84(const TDatumRow& Datum, double& X, double& Y,
+                                      double& Z) noexcept;
 
 }  // namespace zav
 

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -20,8 +21,8 @@ namespace zav {
 // UPS beyond ("Z AH 00000 00000"). Digits of each coordinate: 0 (squares of 100 km) to 8 (of a
 // millimetre); digits are cut, not rounded, so that the reference names the square that the
 // position lies in. Throws EZAVGeoBasicsError for a position that is not on the globe.
-std::string ToMGRS(double Lat, double Long, int Digits,
-                   TGeoEllipsoid Ellipsoid = TGeoEllipsoid::gelWGS84);
+ZAVGEO_API std::string ToMGRS(double Lat, double Long, int Digits,
+                              TGeoEllipsoid Ellipsoid = TGeoEllipsoid::gelWGS84);
 
 struct TMGRSSquare {
   int Zone = 0;  // UTM zone, 0 for UPS
@@ -33,11 +34,11 @@ struct TMGRSSquare {
 
 // Whether the text is shaped like a reference: zone and band, two letters, digits. Such a text may
 // still be none.
-bool LooksLikeMGRS(std::string_view Text) noexcept;
+ZAVGEO_API bool LooksLikeMGRS(std::string_view Text) noexcept;
 
 // Reads a reference, with or without blanks between its parts, upper and lower case alike. Throws
 // EPositionTextError.
-TMGRSSquare ParseMGRS(std::string_view Text);
+ZAVGEO_API TMGRSSquare ParseMGRS(std::string_view Text);
 
 }  // namespace zav
 

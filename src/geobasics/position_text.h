@@ -22,6 +22,7 @@
 #include <string_view>
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -38,10 +39,10 @@ enum class TNotation : uint8_t {
 inline constexpr std::array<std::string_view, 6> NotationId{"degrees", "minutes", "seconds",
                                                             "utm",     "ups",     "mgrs"};
 // A notation by its name, upper and lower case alike.
-std::optional<TNotation> FindNotation(std::string_view Id) noexcept;
+ZAVGEO_API std::optional<TNotation> FindNotation(std::string_view Id) noexcept;
 
 // Why a text is no position, in words for people.
-class EPositionTextError : public EZAVGeoBasicsError {
+class ZAVGEO_API EPositionTextError : public EZAVGeoBasicsError {
  public:
   EPositionTextError(const std::string& Reason, int Column)
       : EZAVGeoBasicsError(Reason), FColumn(Column) {}
@@ -74,20 +75,21 @@ struct TWrittenPosition {
 // Reads a position in any notation. A letter behind a zone is a latitude band, so that "32S" lies
 // between 32 and 40 degrees north; where the northing does not, it is the southern hemisphere, and
 // "32N" is the northern one. "32 south" is always that. Throws EPositionTextError.
-TWrittenPosition ParsePositionText(std::string_view Text);
+ZAVGEO_API TWrittenPosition ParsePositionText(std::string_view Text);
 
 // The degrees of what was typed, the longitude from -180 to 180 for grids. Nothing for UTM metres
 // without a zone, or more than a degree beyond the limits of UTM.
-std::optional<TGeoPosition> DegreesOf(const TWrittenPosition& Typed, TGeoEllipsoid Ellipsoid);
+ZAVGEO_API std::optional<TGeoPosition> DegreesOf(const TWrittenPosition& Typed,
+                                                 TGeoEllipsoid Ellipsoid);
 
 // Both at once. Throws EPositionTextError for what has no degrees, too.
-TGeoPosition PositionFromText(std::string_view Text,
-                              TGeoEllipsoid Ellipsoid = TGeoEllipsoid::gelWGS84);
+ZAVGEO_API TGeoPosition PositionFromText(std::string_view Text,
+                                         TGeoEllipsoid Ellipsoid = TGeoEllipsoid::gelWGS84);
 
 // One angle ("10 30 E", "-47.5"): -90..90 for a latitude, -360..360 for a longitude. Throws
 // EPositionTextError.
-double LatitudeFromText(std::string_view Text);
-double LongitudeFromText(std::string_view Text);
+ZAVGEO_API double LatitudeFromText(std::string_view Text);
+ZAVGEO_API double LongitudeFromText(std::string_view Text);
 
 // The position with Decimals digits (0..12) of the last unit, as
 //   47.50000 N, 8.25000 E with degree signs; the same with minutes, or minutes and seconds
@@ -99,11 +101,12 @@ double LongitudeFromText(std::string_view Text);
 //
 // Longitudes are brought to -180..180 by full turns. Throws EZAVGeoBasicsError for what is not on
 // the globe, or outside the grid: UTM 80 south to 84 north, UPS beyond 83.5 north and 79.5 south.
-std::string PositionToText(const TGeoPosition& Position, TNotation Notation, int Decimals,
-                           TGeoEllipsoid Ellipsoid = TGeoEllipsoid::gelWGS84);
+ZAVGEO_API std::string PositionToText(const TGeoPosition& Position, TNotation Notation,
+                                      int Decimals,
+                                      TGeoEllipsoid Ellipsoid = TGeoEllipsoid::gelWGS84);
 
 // The decimals that tell a metre on the ground, or less: 5, 3, 2, 0, 0, 0.
-int MetreDecimals(TNotation Notation) noexcept;
+ZAVGEO_API int MetreDecimals(TNotation Notation) noexcept;
 
 }  // namespace zav
 

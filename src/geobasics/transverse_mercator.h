@@ -15,20 +15,21 @@
 #define ZAV_GEOBASICS_TRANSVERSE_MERCATOR_H
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // Length of the meridian from the equator to the latitude Phi; negative in the south.
-double ArcLengthOfMeridian(double Phi, TGeoEllipsoid Ellipsoid) noexcept;
+ZAVGEO_API double ArcLengthOfMeridian(double Phi, TGeoEllipsoid Ellipsoid) noexcept;
 
 // Projects a position; X and Y are counted from the central meridian Lambda0 and the equator. The
 // longitude difference is taken as it is, not reduced to -pi..pi.
-void LatLongToTM(double Phi, double Lambda, double Lambda0, TGeoEllipsoid Ellipsoid, double& X,
-                 double& Y) noexcept;
+ZAVGEO_API void LatLongToTM(double Phi, double Lambda, double Lambda0, TGeoEllipsoid Ellipsoid,
+                            double& X, double& Y) noexcept;
 
 // The reverse of LatLongToTM.
-void TMToLatLong(double X, double Y, double Lambda0, TGeoEllipsoid Ellipsoid, double& Phi,
-                 double& Lambda) noexcept;
+ZAVGEO_API void TMToLatLong(double X, double Y, double Lambda0, TGeoEllipsoid Ellipsoid,
+                            double& Phi, double& Lambda) noexcept;
 
 }  // namespace zav
 

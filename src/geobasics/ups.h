@@ -12,16 +12,18 @@
 #define ZAV_GEOBASICS_UPS_H
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // Grid coordinates of a position: on the northern grid for a latitude of 0 or more, else on the
 // southern one. A longitude beyond -180..180 is turned once. Axes of the grid are met exactly.
-void LatLongToUPS(double Lat, double Long, TGeoEllipsoid Ellipsoid, double& X, double& Y) noexcept;
+ZAVGEO_API void LatLongToUPS(double Lat, double Long, TGeoEllipsoid Ellipsoid, double& X,
+                             double& Y) noexcept;
 
 // Position of grid coordinates.
-void UPSToLatLong(double X, double Y, bool SouthHemi, TGeoEllipsoid Ellipsoid, double& Lat,
-                  double& Long) noexcept;
+ZAVGEO_API void UPSToLatLong(double X, double Y, bool SouthHemi, TGeoEllipsoid Ellipsoid,
+                             double& Lat, double& Long) noexcept;
 
 }  // namespace zav
 

@@ -13,30 +13,31 @@
 #include <string>
 
 #include <geobasics/ellipsoids.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // Central meridian of a zone in radians; 0 for a zone outside 1..60.
-double UTMCentralMeridian(int Zone) noexcept;
+ZAVGEO_API double UTMCentralMeridian(int Zone) noexcept;
 
 // Zone 1..60 and band letter "C".."X" of a position; zone 0 and a blank outside the UTM area.
-void GeoToUTMZone(double Lat, double Long, int& Zone, char& Band) noexcept;
+ZAVGEO_API void GeoToUTMZone(double Lat, double Long, int& Zone, char& Band) noexcept;
 // Zone and band as text, "32U"; empty outside the UTM area.
-std::string GeoToUTMZone(double Lat, double Long);
+ZAVGEO_API std::string GeoToUTMZone(double Lat, double Long);
 
 // Grid coordinates of a position, in the zone of GeoToUTMZone. A position outside the UTM area is
 // projected about the meridian of Greenwich, with zone 0. The hemisphere is the latitude's sign.
-void LatLongToUTM(double Lat, double Long, TGeoEllipsoid Ellipsoid, int& Zone, double& Easting,
-                  double& Northing) noexcept;
+ZAVGEO_API void LatLongToUTM(double Lat, double Long, TGeoEllipsoid Ellipsoid, int& Zone,
+                             double& Easting, double& Northing) noexcept;
 // The same in the given zone, where a map or a border needs the neighbour's grid; about the
 // meridian of Greenwich for a zone outside 1..60.
-void LatLongToUTMZone(double Lat, double Long, int Zone, TGeoEllipsoid Ellipsoid, double& Easting,
-                      double& Northing) noexcept;
+ZAVGEO_API void LatLongToUTMZone(double Lat, double Long, int Zone, TGeoEllipsoid Ellipsoid,
+                                 double& Easting, double& Northing) noexcept;
 
 // Position of grid coordinates. The caller knows the hemisphere: a southern northing taken as a
 // northern one gives a northern latitude.
-void UTMToLatLong(double Easting, double Northing, int Zone, bool SouthHemi,
-                  TGeoEllipsoid Ellipsoid, double& Lat, double& Long) noexcept;
+ZAVGEO_API void UTMToLatLong(double Easting, double Northing, int Zone, bool SouthHemi,
+                             TGeoEllipsoid Ellipsoid, double& Lat, double& Long) noexcept;
 
 }  // namespace zav
 

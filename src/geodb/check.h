@@ -7,15 +7,16 @@
 #include <vector>
 
 #include <geodb/store.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // One line for each disagreement among header, records, indexes and data file.
-std::vector<std::string> CheckStore(TGdbStore& Store);
+ZAVGEO_API std::vector<std::string> CheckStore(TGdbStore& Store);
 
 // Mends what CheckStore names but items that share bytes, which cannot be told apart. One line for
 // each deed.
-std::vector<std::string> RepairStore(TGdbStore& Store);
+ZAVGEO_API std::vector<std::string> RepairStore(TGdbStore& Store);
 
 }  // namespace zav
 

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 
+#include <platform/base/api.h>
 #include <platform/base/file_ops.h>
 
 namespace zav {
@@ -26,9 +27,9 @@ struct TFileStamp {
   }
   friend bool operator==(const TFileStamp&, const TFileStamp&) = default;
 };
-TFileStamp StampOf(const std::string& Path) noexcept;
+ZAVGEO_API TFileStamp StampOf(const std::string& Path) noexcept;
 
-class TDbFile {
+class ZAVGEO_API TDbFile {
  public:
   TDbFile() = default;
   TDbFile(const std::string& Path, TFileAccess Access) { Open(Path, Access); }

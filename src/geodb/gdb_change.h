@@ -8,12 +8,13 @@
 #include <geodb/gdb_search.h>
 #include <geodb/geo_db.h>
 #include <geodb/store.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // One change of a database: aborted unless Commit is reached. Refuses to begin within another one,
 // which a handler of OnPercentDone may try.
-class TGdbChange {
+class ZAVGEO_API TGdbChange {
  public:
   TGdbChange(TGeoDB& DB, const char* Operation) : FDB(DB) {
     if (DB.FChanging) DB.Fail(Operation, "another change is under way.");

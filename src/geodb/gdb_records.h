@@ -16,6 +16,7 @@
 #include <vector>
 
 #include <geodb/raw_array.h>
+#include <platform/base/api.h>
 #include <platform/base/date_time.h>
 #include <platform/base/degrees.h>
 #include <platform/base/errors.h>
@@ -24,7 +25,7 @@
 namespace zav {
 
 // The errors of this unit. The text begins: Component "NAME": OPERATION:
-class EZAVGeoDBError : public EZAVError {
+class ZAVGEO_API EZAVGeoDBError : public EZAVError {
  public:
   using EZAVError::EZAVError;
 };
@@ -47,10 +48,10 @@ inline constexpr std::array<std::string_view, 9> GDB_ITEMNAMES = {
     "Border", "Town", "City", "Lake", "River", "Road", "Route", "BLOB", "Undefined"};
 
 // The name of a kind; that of gitUndefined for a number that is none.
-std::string_view ItemKindName(TgdbItem ItemKind) noexcept;
+ZAVGEO_API std::string_view ItemKindName(TgdbItem ItemKind) noexcept;
 
 // Whether items of this kind have a point list, or any block in the data file.
-bool HasPointList(TgdbItem ItemKind) noexcept;
+ZAVGEO_API bool HasPointList(TgdbItem ItemKind) noexcept;
 inline bool HasBlock(TgdbItem ItemKind) noexcept {
   return HasPointList(ItemKind) || ItemKind == TgdbItem::gitBLOB;
 }
@@ -161,25 +162,25 @@ static_assert(sizeof(TgdbSystemData) == 260 && offsetof(TgdbSystemData, Descript
               offsetof(TgdbSystemData, Revision) == 72 && offsetof(TgdbSystemData, Reserved) == 76);
 
 // Bytes that the block of an item takes in the data file; 0 for none and for senseless numbers.
-int64_t BlockSize(const TgdbData& Data) noexcept;
+ZAVGEO_API int64_t BlockSize(const TgdbData& Data) noexcept;
 
 // The south-western corner of the item's box: the position of a town.
-TSCoords ExtractLocation(const TgdbData& Data) noexcept;
+ZAVGEO_API TSCoords ExtractLocation(const TgdbData& Data) noexcept;
 
 // Makes a record of no kind, without name and block, of this moment. NumPoints stays as it was.
-void ClearGdbData(TgdbData& Data);
+ZAVGEO_API void ClearGdbData(TgdbData& Data);
 
 // Empties the five texts.
-void ClearMetaInfo(TMetaInfo& Info) noexcept;
+ZAVGEO_API void ClearMetaInfo(TMetaInfo& Info) noexcept;
 
 // An angle as text: kept within -90 to 90 or -180 to 180 degrees, then as DegreeToStr writes its
 // size, then " N" or " S", " E" or " W"; 0 is north and east.
-std::string GeoLatitude(double Value, TDegreeFormat Format, int32_t Decimals);
-std::string GeoLongitude(double Value, TDegreeFormat Format, int32_t Decimals);
+ZAVGEO_API std::string GeoLatitude(double Value, TDegreeFormat Format, int32_t Decimals);
+ZAVGEO_API std::string GeoLongitude(double Value, TDegreeFormat Format, int32_t Decimals);
 
 // A moment, and this moment, in local time, to the second.
-TDateTime LocalTime(std::time_t Moment);
-TDateTime LocalNow();
+ZAVGEO_API TDateTime LocalTime(std::time_t Moment);
+ZAVGEO_API TDateTime LocalNow();
 
 }  // namespace zav
 

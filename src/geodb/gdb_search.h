@@ -9,11 +9,12 @@
 #include <geodb/index_set.h>
 #include <geodb/search/box_tree.h>
 #include <geodb/search/name_index.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // Identifiers in the structures are positions of records, from 0.
-class TGdbSearch {
+class ZAVGEO_API TGdbSearch {
  public:
   void Clear() noexcept;
   const TBoxTree& Boxes(const TRecordTable& Records);
@@ -36,7 +37,7 @@ class TGdbSearch {
   std::optional<TNameIndex> FNames;
 };
 
-TGeoBox BoxOf(const TgdbData& Data) noexcept;
+ZAVGEO_API TGeoBox BoxOf(const TgdbData& Data) noexcept;
 
 }  // namespace zav
 

@@ -37,6 +37,7 @@
 #include <geodb/search/box_tree.h>
 #include <geodb/search/geo_box.h>
 #include <geodb/search/name_index.h>
+#include <platform/base/api.h>
 #include <platform/base/stream.h>
 #include <platform/host/component.h>
 
@@ -46,7 +47,7 @@ class TGdbStore;
 class TGdbSearch;
 class TGdbChange;
 
-class TGeoDB : public TComponent {
+class ZAVGEO_API TGeoDB : public TComponent {
  public:
   using TOnPercentDoneEvent = std::function<void(TGeoDB* Sender, int32_t Percent)>;
 
@@ -374,7 +375,7 @@ class TGeoDB : public TComponent {
 //   TGeoDBUpdate Update(DB);
 //   for (...) DB.AddTown(...);
 //   Update.Commit();
-class TGeoDBUpdate {
+class ZAVGEO_API TGeoDBUpdate {
  public:
   explicit TGeoDBUpdate(TGeoDB& DB) : FDB(&DB) { DB.BeginUpdate(); }
   ~TGeoDBUpdate();
@@ -388,11 +389,11 @@ class TGeoDBUpdate {
 };
 
 // The header of a database that need not be open; nothing is written. Throws EInOutError.
-TgdbSystemData ReadSystemInformation(const std::string& Name);
+ZAVGEO_API TgdbSystemData ReadSystemInformation(const std::string& Name);
 
 // Check and Repair for a database that is not open, and may be one that cannot be opened.
-std::vector<std::string> CheckGeoDB(const std::string& Name);
-std::vector<std::string> RepairGeoDB(const std::string& Name);
+ZAVGEO_API std::vector<std::string> CheckGeoDB(const std::string& Name);
+ZAVGEO_API std::vector<std::string> RepairGeoDB(const std::string& Name);
 
 }  // namespace zav
 

@@ -19,12 +19,13 @@
 #include <geodb/file_names.h>
 #include <geodb/gdb_records.h>
 #include <geodb/mark_set.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 using TRecordTable = TRawArray<TgdbData>;
 
-class TIndexSet {
+class ZAVGEO_API TIndexSet {
  public:
   static constexpr size_t CoordCount = IndexCount - 1;
   // Places of an index that differ from its file: First up to, not with, End.
@@ -98,7 +99,7 @@ class TIndexSet {
 };
 
 // The key of a record in the coordinate index 0 to 3.
-float CoordKey(const TgdbData& Data, size_t Coord) noexcept;
+ZAVGEO_API float CoordKey(const TgdbData& Data, size_t Coord) noexcept;
 
 }  // namespace zav
 

@@ -13,6 +13,7 @@
 
 #include <geodb/db_file.h>
 #include <geodb/gdb_records.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -50,7 +51,7 @@ struct TJournalEntry {
 static_assert(sizeof(TJournalEntry) == 16);
 
 // The journal of the process that writes.
-class TJournal {
+class ZAVGEO_API TJournal {
  public:
   void SetPath(const std::string& Path);
   bool Exists() const noexcept { return FFile.IsOpen(); }
@@ -81,7 +82,7 @@ class TJournal {
 };
 
 // A journal that was found when a database is opened.
-class TFoundJournal {
+class ZAVGEO_API TFoundJournal {
  public:
   // Reads the states. Throws EInOutError when the file is there and cannot be read, or when its
   // entries are damaged.

@@ -14,10 +14,12 @@
 #include <type_traits>
 #include <utility>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // Memory of at least a few megabytes comes in large pages where the system has them.
-void* ReallocateRaw(void* Memory, size_t NewBytes);
+ZAVGEO_API void* ReallocateRaw(void* Memory, size_t NewBytes);
 
 // Has the part of std::vector's manners that is needed here. Throws std::bad_alloc.
 template <class T>

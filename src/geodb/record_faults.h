@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <geodb/store.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -23,18 +24,18 @@ enum class TRecordFault : uint8_t {
   NoNumber  // a coordinate that is NaN
 };
 
-const char* FaultText(TRecordFault Fault) noexcept;
-const char* DeedText(TRecordFault Fault) noexcept;
+ZAVGEO_API const char* FaultText(TRecordFault Fault) noexcept;
+ZAVGEO_API const char* DeedText(TRecordFault Fault) noexcept;
 
 // The faults of one record. Reads its point list.
-std::vector<TRecordFault> FaultsOf(const TGdbStore& Store, const TgdbData& Data);
+ZAVGEO_API std::vector<TRecordFault> FaultsOf(const TGdbStore& Store, const TgdbData& Data);
 
 // Mends a fault; false when that cannot be done. NextId is given to a record without identifier,
 // and counted on.
-bool Mend(const TGdbStore& Store, TRecordFault Fault, TgdbData& Data, int32_t& NextId);
+ZAVGEO_API bool Mend(const TGdbStore& Store, TRecordFault Fault, TgdbData& Data, int32_t& NextId);
 
 // Pairs of positions with the same identifier; the second of each pair is the later one.
-std::vector<std::pair<size_t, size_t>> SameIds(const TRecordTable& Records);
+ZAVGEO_API std::vector<std::pair<size_t, size_t>> SameIds(const TRecordTable& Records);
 
 }  // namespace zav
 

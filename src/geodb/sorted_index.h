@@ -12,6 +12,7 @@
 #include <vector>
 
 #include <geodb/gdb_records.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -52,13 +53,13 @@ std::optional<size_t> FindEntry(const TArray& Entries, size_t Count, TKey Key,
 
 // The place of the first entry with this identifier, or none. The keys of a usual database rise
 // evenly, so the place is guessed first.
-std::optional<size_t> FindId(const TIxItemIDRecArray& Entries, int32_t ItemID) noexcept;
+ZAVGEO_API std::optional<size_t> FindId(const TIxItemIDRecArray& Entries, int32_t ItemID) noexcept;
 
 // Puts entries in any order into a sorted array; the first place that changed.
-size_t MergeInto(TIxLLRecArray& Entries, std::vector<TIxLLRec>& New);
+ZAVGEO_API size_t MergeInto(TIxLLRecArray& Entries, std::vector<TIxLLRec>& New);
 
 // Sorts entries; those with equal keys keep their order. NaN comes last.
-void SortEntries(std::vector<TIxLLRec>& Entries);
+ZAVGEO_API void SortEntries(std::vector<TIxLLRec>& Entries);
 
 extern template size_t InsertSorted(TIxLLRecArray&, TIxLLRec) noexcept;
 extern template size_t InsertSorted(TIxItemIDRecArray&, TIxItemIDRec) noexcept;

@@ -28,18 +28,19 @@
 #include <geodb/index_set.h>
 #include <geodb/journal.h>
 #include <geodb/mark_set.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // A change that cannot be made, in words for the tail of a component's message.
-class TGdbRefused : public EZAVGeoDBError {
+class ZAVGEO_API TGdbRefused : public EZAVGeoDBError {
  public:
   using EZAVGeoDBError::EZAVGeoDBError;
 };
 
 constexpr int64_t MostDataBytes = INT32_MAX;  // offsets in records have 32 bits
 
-class TGdbStore {
+class ZAVGEO_API TGdbStore {
  public:
   TGdbStore() = default;
   // Leaves the files as they are: see Close.

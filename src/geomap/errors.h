@@ -3,12 +3,13 @@
 #ifndef ZAV_GEOMAP_ERRORS_H
 #define ZAV_GEOMAP_ERRORS_H
 
+#include <platform/base/api.h>
 #include <platform/base/errors.h>
 
 namespace zav {
 
 // Thrown by maps, calibrations and their files.
-class EZAVGeoMapError : public EZAVError {
+class ZAVGEO_API EZAVGeoMapError : public EZAVError {
  public:
   using EZAVError::EZAVError;
 };

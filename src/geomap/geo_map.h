@@ -38,6 +38,7 @@
 #include <geomap/view/renderer.h>
 #include <geomap/view/view_state.h>
 #include <geomap/view/zoom_ring.h>
+#include <platform/base/api.h>
 #include <platform/base/random.h>
 #include <platform/host/control.h>
 #include <platform/raster/bitmap.h>
@@ -50,7 +51,7 @@ struct TEmptyMap;
 // Listens to a map without taking the user's event slots. Nothing is owned; an observer must take
 // itself off the list before it dies. Each call comes after the change and before its repaint, and
 // after the event of the same meaning.
-class TGeoMapObserver {
+class ZAVGEO_API TGeoMapObserver {
  public:
   virtual ~TGeoMapObserver() = default;
   virtual void ViewChanged(TGeoMap& /*Map*/) {}         // TopLeft or Magnification
@@ -81,7 +82,7 @@ class TGeoMapObserver {
   virtual void ImageRequested(TGeoMap& /*Map*/, std::string& /*FileName*/) {}
 };
 
-class TGeoMap : public TCustomControl {
+class ZAVGEO_API TGeoMap : public TCustomControl {
  public:
   // A map without image, 500 x 400 control pixels, already painted. The host must outlive it.
   TGeoMap(TComponent* Owner, THost& Host);

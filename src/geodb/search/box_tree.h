@@ -14,6 +14,7 @@
 
 #include <geodb/search/geo_box.h>
 #include <geodb/search/packed_boxes.h>
+#include <platform/base/api.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -28,7 +29,7 @@ struct TNearItem {
   friend bool operator==(const TNearItem&, const TNearItem&) = default;
 };
 
-class TBoxTree {
+class ZAVGEO_API TBoxTree {
  public:
   // The distance in metres of an item, told by who knows more of it than its box: at least
   // BoxDistance, infinite or NaN for an item that is not wanted.

@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <limits>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // The box of an item, as records hold it.
@@ -38,7 +40,7 @@ struct TGeoRegion {
 
 // A region made ready for many tests. Edges are rounded to the single-precision number next inside,
 // which changes no result.
-class TRegionTest {
+class ZAVGEO_API TRegionTest {
  public:
   explicit TRegionTest(const TGeoRegion& Region) noexcept;
 
@@ -67,10 +69,10 @@ class TRegionTest {
 };
 
 // Whether a box and a region have a position in common.
-bool BoxMeetsRegion(const TGeoBox& Box, const TGeoRegion& Region) noexcept;
+ZAVGEO_API bool BoxMeetsRegion(const TGeoBox& Box, const TGeoRegion& Region) noexcept;
 
 // Whether a position lies in a box.
-bool BoxContains(const TGeoBox& Box, double Lat, double Long) noexcept;
+ZAVGEO_API bool BoxContains(const TGeoBox& Box, double Lat, double Long) noexcept;
 
 // The mean radius of the Earth in metres, (2 a + b) / 3 of GRS 80 (H. Moritz, Geodetic Reference
 // System 1980, Journal of Geodesy 74, 2000).
@@ -78,7 +80,7 @@ constexpr double MeanEarthRadius = 6371008.7714;
 
 // Metres on the sphere of MeanEarthRadius from a position to the nearest point of a box; 0 within
 // it and infinite for an empty one. Latitudes of the box beyond the poles count as the poles.
-double DistanceToBox(const TGeoBox& Box, double Lat, double Long) noexcept;
+ZAVGEO_API double DistanceToBox(const TGeoBox& Box, double Lat, double Long) noexcept;
 
 }  // namespace zav
 

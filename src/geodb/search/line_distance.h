@@ -9,10 +9,12 @@
 #include <array>
 #include <cmath>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // Takes the points one by one, so that they need not be in memory.
-class TLineDistance {
+class ZAVGEO_API TLineDistance {
  public:
   // The position that is asked for, in degrees.
   TLineDistance(double Lat, double Long) noexcept;

@@ -17,12 +17,14 @@
 #include <string_view>
 #include <vector>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // What of a name must be the searched text.
 enum class TNameMatch { nmWhole, nmPrefix, nmPart };
 
-class TNameIndex {
+class ZAVGEO_API TNameIndex {
  public:
   // Gives the next item; false when there are no more. The name must stay until the next call.
   using TNextName = std::function<bool(int32_t& Id, std::string_view& Name)>;

@@ -9,6 +9,7 @@
 #define ZAV_GEODB_SEARCH_PACKED_BOXES_H
 
 #include <geodb/search/geo_box.h>
+#include <platform/base/api.h>
 
 #include <array>
 #include <bit>
@@ -43,7 +44,7 @@ class TPositionTest {
   TRegionTest FPosition;
 };
 
-class TPackedBoxes {
+class ZAVGEO_API TPackedBoxes {
  public:
   // Sixteen boxes. Unused ones are NaN, which passes no test.
   struct alignas(64) TNode {

@@ -12,10 +12,12 @@
 
 #include <cstddef>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // Takes the points of a list one by one, so that it need not be in memory.
-class TRingTest {
+class ZAVGEO_API TRingTest {
  public:
   // The position that is asked for, in degrees; the longitude may be off by any turns.
   TRingTest(double Lat, double Long) noexcept;

@@ -15,16 +15,17 @@
 
 #include <geomap/calibration/calib_data.h>
 #include <geomap/calibration/calibration.h>
+#include <platform/base/api.h>
 #include <platform/base/stream.h>
 #include <platform/base/text_file.h>
 
 namespace zav {
 
 // The keyword of a model in files and on the command line, such as "equirect".
-std::string_view CalibModelKeyword(TCalibModel Model) noexcept;
+ZAVGEO_API std::string_view CalibModelKeyword(TCalibModel Model) noexcept;
 // The model of a keyword, upper and lower case alike; nothing for an unknown one. Unlike the
 // readers of files this knows "parabolicip".
-std::optional<TCalibModel> FindCalibModel(std::string_view Keyword) noexcept;
+ZAVGEO_API std::optional<TCalibModel> FindCalibModel(std::string_view Keyword) noexcept;
 
 // --- writing
 // --------------------------------------------------------------------------------------- A double
@@ -32,24 +33,26 @@ std::optional<TCalibModel> FindCalibModel(std::string_view Keyword) noexcept;
 // counts beyond the arrays are refused before anything is written.
 
 // Writes the element to a file that is open for writing; WithHeader begins with the XML line.
-void WriteRawCalDataToOpenXMLFile(
+ZAVGEO_API void WriteRawCalDataToOpenXMLFile(
     TextFile& F, bool WithHeader, const std::string& Id, const TCalibData& Data, TCalibModel Model,
     const std::string& ErrorPrefix = "WriteRawCalDataToOpenXMLFile: ");
 // The same to a stream, at its position and with the XML line.
-void WriteCalDataToStream(TStream& S, const std::string& Id, const TCalibData& Data,
-                          TCalibModel Model, const std::string& ErrorPrefix);
+ZAVGEO_API void WriteCalDataToStream(TStream& S, const std::string& Id, const TCalibData& Data,
+                                     TCalibModel Model, const std::string& ErrorPrefix);
 // Makes or replaces a file that holds this element only. On any error an older file stays whole.
-void SaveCalData(const std::string& FileName, const std::string& Id, const TCalibData& Data,
-                 TCalibModel Model, const std::string& ErrorPrefix);
+ZAVGEO_API void SaveCalData(const std::string& FileName, const std::string& Id,
+                            const TCalibData& Data, TCalibModel Model,
+                            const std::string& ErrorPrefix);
 
 // --- reading
 
 // Reads into a caller's record. True exactly when the element was found; otherwise nothing changes.
 // What was read before an error stays in Data.
-bool ParseCalibData(const std::string& FileName, const std::string& Id, TCalibData& Data,
-                    TCalibModel& Model);
+ZAVGEO_API bool ParseCalibData(const std::string& FileName, const std::string& Id, TCalibData& Data,
+                               TCalibModel& Model);
 // From the position of the stream on.
-bool ParseCalibData(TMemoryStream& S, const std::string& Id, TCalibData& Data, TCalibModel& Model);
+ZAVGEO_API bool ParseCalibData(TMemoryStream& S, const std::string& Id, TCalibData& Data,
+                               TCalibModel& Model);
 
 struct TCalibReadResult {
   bool HeaderFound = false;
@@ -59,15 +62,18 @@ struct TCalibReadResult {
 // Reads into a calibration, from the current position on. When the element is found items and model
 // are replaced, even where an error ends the reading, and RecalcGratMat is run; the caller then
 // sets the image size, where it is known, and calls FitModel and CalcExtentsAndResolution.
-TCalibReadResult ReadCalibration(TextFile& F, const std::string& Id, TCalibration& Calibration,
-                                 const std::string& ErrorPrefix);
-TCalibReadResult ReadCalibration(TStream& S, const std::string& Id, TCalibration& Calibration,
-                                 const std::string& ErrorPrefix);
+ZAVGEO_API TCalibReadResult ReadCalibration(TextFile& F, const std::string& Id,
+                                            TCalibration& Calibration,
+                                            const std::string& ErrorPrefix);
+ZAVGEO_API TCalibReadResult ReadCalibration(TStream& S, const std::string& Id,
+                                            TCalibration& Calibration,
+                                            const std::string& ErrorPrefix);
 
 // Reads and fits, for programs without a control. An undefined model with a complete graticule
 // becomes cmParabolicIp, which the format cannot tell. Corners and resolution are those of the file
 // unless the image size was set. False when the element was not found.
-bool LoadCalibration(const std::string& FileName, const std::string& Id, TCalibration& Calibration);
+ZAVGEO_API bool LoadCalibration(const std::string& FileName, const std::string& Id,
+                                TCalibration& Calibration);
 
 }  // namespace zav
 

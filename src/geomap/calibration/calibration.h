@@ -14,12 +14,13 @@
 #include <geomap/calibration/conversion.h>
 #include <geomap/calibration/fitting.h>
 #include <geomap/errors.h>
+#include <platform/base/api.h>
 #include <platform/base/matrix.h>
 #include <platform/base/progress.h>
 
 namespace zav {
 
-class TCalibration {
+class ZAVGEO_API TCalibration {
  public:
   TCalibration();
 
@@ -152,7 +153,7 @@ class TCalibration {
 };
 
 // Whether the position lies strictly inside the quadrilateral of the corners.
-bool PositionInMap(double Lat, double Long, const TCornerArray& Corners);
+ZAVGEO_API bool PositionInMap(double Lat, double Long, const TCornerArray& Corners);
 
 }  // namespace zav
 

@@ -12,13 +12,15 @@
 #include <span>
 
 #include <geomap/calibration/calibration.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
-size_t ToPixels(const TCalibration& Calibration, std::span<const double> Lat,
-                std::span<const double> Long, std::span<double> X, std::span<double> Y);
-size_t ToPositions(const TCalibration& Calibration, std::span<const double> X,
-                   std::span<const double> Y, std::span<double> Lat, std::span<double> Long);
+ZAVGEO_API size_t ToPixels(const TCalibration& Calibration, std::span<const double> Lat,
+                           std::span<const double> Long, std::span<double> X, std::span<double> Y);
+ZAVGEO_API size_t ToPositions(const TCalibration& Calibration, std::span<const double> X,
+                              std::span<const double> Y, std::span<double> Lat,
+                              std::span<double> Long);
 
 }  // namespace zav
 

@@ -11,6 +11,7 @@
 #include <geobasics/ellipsoids.h>
 #include <geomap/calibration/calib_data.h>
 #include <geomap/calibration/fitting.h>
+#include <platform/base/api.h>
 #include <platform/base/matrix.h>
 
 namespace zav {
@@ -26,7 +27,7 @@ struct TFittedModel {
 };
 
 // A pixel position with its squares, which whole pixels form in 32-bit integers.
-struct TPixelTerms {
+struct ZAVGEO_API TPixelTerms {
   double X, Y, XX, YY;
 
   static TPixelTerms Whole(int32_t X, int32_t Y) noexcept;
@@ -40,8 +41,10 @@ struct TExactPixel {
 };
 
 // Latitude and longitude of a pixel in degrees; 0 and Valid = false where the model gives nothing.
-double PixelToLatitude(const TFittedModel& Fit, const TPixelTerms& P, bool& Valid) noexcept;
-double PixelToLongitude(const TFittedModel& Fit, const TPixelTerms& P, bool& Valid) noexcept;
+ZAVGEO_API double PixelToLatitude(const TFittedModel& Fit, const TPixelTerms& P,
+                                  bool& Valid) noexcept;
+ZAVGEO_API double PixelToLongitude(const TFittedModel& Fit, const TPixelTerms& P,
+                                   bool& Valid) noexcept;
 
 enum class TPixelRounding : uint8_t {
   None,
@@ -56,14 +59,15 @@ enum class TPixelResult : uint8_t {
 
 // Pixel of a position in degrees. Under cmUTM the position is projected in the zone it lies in, not
 // in the zone of the map. A cone that is not fitted gives (0, 0).
-TPixelResult PositionToPixel(const TFittedModel& Fit, double Lat, double Long,
-                             TPixelRounding Rounding, TExactPixel& P) noexcept;
+ZAVGEO_API TPixelResult PositionToPixel(const TFittedModel& Fit, double Lat, double Long,
+                                        TPixelRounding Rounding, TExactPixel& P) noexcept;
 
 // Whether there is a fit, so that the conversions mean something.
-bool IsFitted(const TFittedModel& Fit) noexcept;
+ZAVGEO_API bool IsFitted(const TFittedModel& Fit) noexcept;
 
 // The first-order polynomial from UTM metres to pixels.
-TExactPixel UTMToPixel(const TCalibCoefficients& Coef, double Northing, double Easting) noexcept;
+ZAVGEO_API TExactPixel UTMToPixel(const TCalibCoefficients& Coef, double Northing,
+                                  double Easting) noexcept;
 
 }  // namespace zav
 

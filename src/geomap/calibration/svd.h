@@ -12,13 +12,14 @@
 #include <cstddef>
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/base/matrix.h>
 #include <platform/base/progress.h>
 
 namespace zav {
 
 // A = U diag(W) V^T. Made once for a design matrix, it solves for any number of right-hand sides.
-class TSingularValues {
+class ZAVGEO_API TSingularValues {
  public:
   // Decomposes A: one row an equation, one column an unknown; fewer rows than columns are allowed.
   // Singular values below 1e-14 times the largest are set to 0. Counts one step of Progress before
@@ -67,8 +68,8 @@ class TSingularValues {
 // Solves A X = B in the least-squares sense. Fills S, when given, with the standard deviation of
 // each unknown, and Singular with whether singular values were dropped. False, and the outputs
 // unchanged, when the decomposition fails; see TSingularValues::Decompose.
-bool MultiLinRegSVD(const TMatrix& A, const TVector& B, TVector& X, TVector* S, bool& Singular,
-                    TProgress& Progress = DefaultProgress());
+ZAVGEO_API bool MultiLinRegSVD(const TMatrix& A, const TVector& B, TVector& X, TVector* S,
+                               bool& Singular, TProgress& Progress = DefaultProgress());
 
 }  // namespace zav
 

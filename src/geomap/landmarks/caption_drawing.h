@@ -6,6 +6,7 @@
 #define ZAV_GEOMAP_LANDMARKS_CAPTION_DRAWING_H
 
 #include <geomap/landmarks/landmark.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/host/canvas.h>
 
@@ -19,14 +20,14 @@ struct TCaptionPlace {
 
 // The place for the landmark at the pixel At of the canvas; Scale enlarges text and offsets. Sets
 // the font of the canvas, which stays. An empty text has no size.
-TCaptionPlace PlaceCaption(TCanvas& Canvas, TPoint At, const TLMTextProperties& Caption,
-                           double Scale = 1);
+ZAVGEO_API TCaptionPlace PlaceCaption(TCanvas& Canvas, TPoint At, const TLMTextProperties& Caption,
+                                      double Scale = 1);
 // The pixels that the turned text covers at most.
-TRect CaptionBox(const TCaptionPlace& Place, int32_t Direction) noexcept;
+ZAVGEO_API TRect CaptionBox(const TCaptionPlace& Place, int32_t Direction) noexcept;
 
 // Draws the caption; sets font and brush, which stay. An empty text draws nothing.
-void DrawLandMarkCaption(TCanvas& Canvas, TPoint At, const TLMTextProperties& Caption,
-                         double Scale = 1);
+ZAVGEO_API void DrawLandMarkCaption(TCanvas& Canvas, TPoint At, const TLMTextProperties& Caption,
+                                    double Scale = 1);
 
 }  // namespace zav
 

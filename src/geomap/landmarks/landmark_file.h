@@ -12,6 +12,7 @@
 
 #include <geomap/errors.h>
 #include <geomap/landmarks/landmark_list.h>
+#include <platform/base/api.h>
 #include <platform/base/stream.h>
 #include <platform/base/text_file.h>
 
@@ -20,21 +21,21 @@ namespace zav {
 // Reads from the current position on, to the end: sets that follow are read too. False, and List is
 // as before, when there is no such set; nothing in a file is an error. Throws std::bad_alloc, and
 // List is as before, when it cannot be held in memory.
-bool ReadLandMarks(TextFile& F, std::string_view DataID, TLandMarkList& List);
-bool ReadLandMarks(TStream& S, std::string_view DataID, TLandMarkList& List);
+ZAVGEO_API bool ReadLandMarks(TextFile& F, std::string_view DataID, TLandMarkList& List);
+ZAVGEO_API bool ReadLandMarks(TStream& S, std::string_view DataID, TLandMarkList& List);
 
 // Writes a set, from its opening to its closing line. What the format cannot hold (a double quote,
 // a line break or a NUL in a text, a number that is not finite, a time outside the years 1 to 9999)
 // throws EZAVGeoMapError with the prefix before the reason, and nothing is written. Read back, the
 // landmarks are the same, but for lmPlus and lmUserDef, which become lmCross, and for fractions of
 // seconds.
-void WriteLandMarks(TextFile& F, const std::string& DataID, const TLandMarkList& List,
-                    const std::string& ErrorPrefix);
-void WriteLandMarks(TStream& S, const std::string& DataID, const TLandMarkList& List,
-                    const std::string& ErrorPrefix);
+ZAVGEO_API void WriteLandMarks(TextFile& F, const std::string& DataID, const TLandMarkList& List,
+                               const std::string& ErrorPrefix);
+ZAVGEO_API void WriteLandMarks(TStream& S, const std::string& DataID, const TLandMarkList& List,
+                               const std::string& ErrorPrefix);
 // Makes or replaces a file that holds this set only. On any error an older file stays whole.
-void SaveLandMarks(const std::string& FileName, const std::string& DataID,
-                   const TLandMarkList& List, const std::string& ErrorPrefix);
+ZAVGEO_API void SaveLandMarks(const std::string& FileName, const std::string& DataID,
+                              const TLandMarkList& List, const std::string& ErrorPrefix);
 
 }  // namespace zav
 

@@ -16,10 +16,11 @@
 #include <vector>
 
 #include <geomap/landmarks/landmark.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
-class TLandMarkList {
+class ZAVGEO_API TLandMarkList {
  public:
   static constexpr int32_t BlockSize = 1000;
 

@@ -19,6 +19,7 @@
 
 #include <geomap/landmarks/landmark.h>
 #include <geomap/landmarks/landmark_list.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
@@ -31,7 +32,7 @@ inline TClassVisibility AllClasses() noexcept {
   return All;
 }
 
-class TLandMarkStore {
+class ZAVGEO_API TLandMarkStore {
  public:
   // Whether the landmark may be added or removed. Without a function everything may.
   using TQuestion = std::function<bool(TLandMarkAction, const TLandMark&)>;

@@ -15,11 +15,12 @@
 
 #include <geomap/landmarks/landmark.h>
 #include <geomap/landmarks/xml_records.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
 // Values by their place in the list of names, each as FindAttribute finds it.
-class TRecordAttributes {
+class ZAVGEO_API TRecordAttributes {
  public:
   // The names must outlive this object.
   explicit TRecordAttributes(std::span<const std::string_view> Names)
@@ -48,7 +49,7 @@ class TRecordAttributes {
 };
 
 // The line of a record under construction: <tag name="value" ... />
-class TRecordLine {
+class ZAVGEO_API TRecordLine {
  public:
   // Begins another line.
   void Begin(TXmlTag Tag);
@@ -68,14 +69,15 @@ class TRecordLine {
 };
 
 // The opening line of a set, with CR LF.
-std::string RecordRootLine(TXmlTag Root, std::string_view DataID);
+ZAVGEO_API std::string RecordRootLine(TXmlTag Root, std::string_view DataID);
 
 // Opens a file for reading, looked up without regard to case where it must. False when there is no
 // such file or it cannot be read.
-bool OpenRecordFile(TextFile& F, const std::string& Name);
+ZAVGEO_API bool OpenRecordFile(TextFile& F, const std::string& Name);
 
 // Prefix, What and the reason, as EZAVGeoMapError, when Text is no record text.
-void CheckRecordText(std::string_view Text, const std::string& Prefix, std::string_view What);
+ZAVGEO_API void CheckRecordText(std::string_view Text, const std::string& Prefix,
+                                std::string_view What);
 
 }  // namespace zav
 

@@ -11,6 +11,7 @@
 #include <cstdint>
 
 #include <geomap/landmarks/landmark.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/host/canvas.h>
 
@@ -22,11 +23,12 @@ namespace zav {
 //
 // The colours of pen and brush are changed and stay. The brush's style is only changed by an
 // unfilled circle, to bsClear, and stays too: set it before each call.
-void DrawLandMarkSymbolOnCanvas(TCanvas& Canvas, int32_t x, int32_t y, TLandMarkElement Element,
-                                TColor ColorFG, TColor ColorBG, int32_t Size, int32_t Direction,
-                                int32_t Length, bool Transparent);
-void DrawLandMarkSymbolOnCanvas(TCanvas& Canvas, int32_t x, int32_t y,
-                                const TSymbolProperties& Symbol);
+ZAVGEO_API void DrawLandMarkSymbolOnCanvas(TCanvas& Canvas, int32_t x, int32_t y,
+                                           TLandMarkElement Element, TColor ColorFG, TColor ColorBG,
+                                           int32_t Size, int32_t Direction, int32_t Length,
+                                           bool Transparent);
+ZAVGEO_API void DrawLandMarkSymbolOnCanvas(TCanvas& Canvas, int32_t x, int32_t y,
+                                           const TSymbolProperties& Symbol);
 
 // A symbol's shape without place and colours. Two symbols of equal shape are the same pixels.
 struct TSymbolShape {
@@ -41,9 +43,10 @@ struct TSymbolShape {
 
 // The shape of a symbol about (x, y). The place matters: points that lie just between two pixels
 // are rounded to the even one.
-TSymbolShape ShapeOfSymbol(int32_t x, int32_t y, const TSymbolProperties& Symbol) noexcept;
-void DrawSymbolShape(TCanvas& Canvas, int32_t x, int32_t y, const TSymbolShape& Shape,
-                     TColor ColorFG, TColor ColorBG);
+ZAVGEO_API TSymbolShape ShapeOfSymbol(int32_t x, int32_t y,
+                                      const TSymbolProperties& Symbol) noexcept;
+ZAVGEO_API void DrawSymbolShape(TCanvas& Canvas, int32_t x, int32_t y, const TSymbolShape& Shape,
+                                TColor ColorFG, TColor ColorBG);
 
 }  // namespace zav
 

@@ -11,6 +11,7 @@
 
 #include <geomap/errors.h>
 #include <geomap/landmarks/landmark.h>
+#include <platform/base/api.h>
 #include <platform/base/short_string.h>
 #include <platform/base/stream.h>
 #include <platform/base/text_file.h>
@@ -29,9 +30,9 @@ struct TSymbol {
 };
 
 // A cross of size 8, black on red, direction 90, length 40, without name and category.
-TSymbol DefaultSymbolRecord();
+ZAVGEO_API TSymbol DefaultSymbolRecord();
 
-class TSymbolRepository : public TComponent {
+class ZAVGEO_API TSymbolRepository : public TComponent {
  public:
   // An empty list.
   explicit TSymbolRepository(TComponent* Owner = nullptr) : TComponent(Owner) {}

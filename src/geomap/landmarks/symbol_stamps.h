@@ -13,11 +13,12 @@
 #include <vector>
 
 #include <geomap/landmarks/symbol_drawing.h>
+#include <platform/base/api.h>
 #include <platform/raster/bitmap.h>
 
 namespace zav {
 
-class TSymbolStamps {
+class ZAVGEO_API TSymbolStamps {
  public:
   // Draws a symbol about a pixel of the bitmap, Scale times larger than its size says, with solid
   // pen and brush. Very large symbols are not kept.

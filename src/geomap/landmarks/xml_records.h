@@ -9,6 +9,7 @@
 #ifndef ZAV_GEOMAP_LANDMARKS_XML_RECORDS_H
 #define ZAV_GEOMAP_LANDMARKS_XML_RECORDS_H
 
+#include <platform/base/api.h>
 #include <platform/base/stream.h>
 #include <platform/base/text_file.h>
 
@@ -54,7 +55,7 @@ constexpr std::string_view XmlTagName(TXmlTag Tag) noexcept {
 }
 
 // Whether a text can be the value of an attribute: no double quote, line break or NUL.
-bool IsRecordText(std::string_view Text) noexcept;
+ZAVGEO_API bool IsRecordText(std::string_view Text) noexcept;
 
 // --- Attributes
 
@@ -62,12 +63,12 @@ bool IsRecordText(std::string_view Text) noexcept;
 // The value stands in double quotes or ends at a blank; the name loses its outer blanks. Returns 0
 // for a pair, 1 for a double quote in the name, 2 for a value that begins with "=", 3 for "=" in a
 // value without quotes, 4 when Pos lies behind the end of the text.
-int32_t NextAttribute(std::string_view TagText, int32_t& Pos, std::string& Name,
-                      std::string& Value);
+ZAVGEO_API int32_t NextAttribute(std::string_view TagText, int32_t& Pos, std::string& Name,
+                                 std::string& Value);
 
 // The value of the first attribute of that name, in any case; empty when there is none or when a
 // malformed pair stands before it.
-std::string FindAttribute(std::string_view TagText, std::string_view Name);
+ZAVGEO_API std::string FindAttribute(std::string_view TagText, std::string_view Name);
 
 // --- Tags
 
@@ -80,14 +81,18 @@ std::string FindAttribute(std::string_view TagText, std::string_view Name);
 // Comments are passed over, as are other tags and tags that are cut off by another "<" or by the
 // end of the file. ">" and "<" in quotes belong to the value; a quote that is not closed on its
 // line does not count, and the tag then ends at the first ">" behind it.
-int32_t ReadNextTagInTextFile(TextFile& File, std::span<const std::string_view> TagList,
-                              int32_t HighIndex, std::string& Attributes, std::string& Contents);
-int32_t ReadNextTagInStream(TStream& Stream, std::span<const std::string_view> TagList,
-                            int32_t HighIndex, std::string& Attributes, std::string& Contents);
+ZAVGEO_API int32_t ReadNextTagInTextFile(TextFile& File, std::span<const std::string_view> TagList,
+                                         int32_t HighIndex, std::string& Attributes,
+                                         std::string& Contents);
+ZAVGEO_API int32_t ReadNextTagInStream(TStream& Stream, std::span<const std::string_view> TagList,
+                                       int32_t HighIndex, std::string& Attributes,
+                                       std::string& Contents);
 
 // The same for the tags of the record files.
-TXmlTag ReadNextTagInTextFile(TextFile& File, std::string& Attributes, std::string& Contents);
-TXmlTag ReadNextTagInStream(TStream& Stream, std::string& Attributes, std::string& Contents);
+ZAVGEO_API TXmlTag ReadNextTagInTextFile(TextFile& File, std::string& Attributes,
+                                         std::string& Contents);
+ZAVGEO_API TXmlTag ReadNextTagInStream(TStream& Stream, std::string& Attributes,
+                                       std::string& Contents);
 
 // --- Lines
 
@@ -95,14 +100,16 @@ TXmlTag ReadNextTagInStream(TStream& Stream, std::string& Attributes, std::strin
 // 2 either, 3 a carriage return behind a line feed, 4 a line feed behind a carriage return; other
 // modes count as 2. Up to two line-end characters are then taken off. At the end of the stream Eof
 // becomes true, and the rest is returned as it is; otherwise Eof is left alone.
-std::string ReadLineFromStream(TStream& Stream, bool& Eof, int32_t LineEndMode);
+ZAVGEO_API std::string ReadLineFromStream(TStream& Stream, bool& Eof, int32_t LineEndMode);
 
 // Reads on to the line of a root element: it contains "<" and the root's name, and the signature.
 // With a DataID only the one of that identifier is taken, without regard to case; otherwise the
 // first. False, and RootLine empty, when there is none up to the end. RootLine is in lower case;
 // reading goes on with the line behind it.
-bool FindRootLine(TextFile& File, TXmlTag Root, std::string_view DataID, std::string& RootLine);
-bool FindRootLine(TStream& Stream, TXmlTag Root, std::string_view DataID, std::string& RootLine);
+ZAVGEO_API bool FindRootLine(TextFile& File, TXmlTag Root, std::string_view DataID,
+                             std::string& RootLine);
+ZAVGEO_API bool FindRootLine(TStream& Stream, TXmlTag Root, std::string_view DataID,
+                             std::string& RootLine);
 
 }  // namespace zav
 

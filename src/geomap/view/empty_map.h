@@ -13,6 +13,7 @@
 #include <vector>
 
 #include <geomap/calibration/calib_data.h>
+#include <platform/base/api.h>
 #include <platform/host/canvas.h>
 
 namespace zav {
@@ -20,7 +21,7 @@ namespace zav {
 constexpr int32_t EmptyMapMargin = 30;
 constexpr int32_t MinEmptyMapSide = 100;
 
-struct TEmptyMap {
+struct ZAVGEO_API TEmptyMap {
   double LatLow = 0;
   double LongLow = 0;
   double LatHigh = 0;
@@ -39,13 +40,14 @@ struct TEmptyMap {
 
 // Brings the values into order: corners sorted, a grid distance not above 0 becomes 1, a side below
 // 100 pixels 100. Throws EZAVGeoMapError, with the bare reason, for a corner that is not finite.
-TEmptyMap MakeEmptyMap(double Lat1, double Long1, double Lat2, double Long2, double LatGridDist,
-                       double LongGridDist, int32_t Width, int32_t Height, bool Margin);
+ZAVGEO_API TEmptyMap MakeEmptyMap(double Lat1, double Long1, double Lat2, double Long2,
+                                  double LatGridDist, double LongGridDist, int32_t Width,
+                                  int32_t Height, bool Margin);
 
 // The text beside a parallel or a meridian, such as " 45\u00B030' N ", with as many parts as the
 // grid distance needs: degrees for whole degrees, seconds up to 0.06 degrees, else minutes.
-std::string EmptyMapLatitudeText(double Lat, double GridDist);
-std::string EmptyMapLongitudeText(double Long, double GridDist);
+ZAVGEO_API std::string EmptyMapLatitudeText(double Lat, double GridDist);
+ZAVGEO_API std::string EmptyMapLongitudeText(double Long, double GridDist);
 
 struct TEmptyMapLabel {
   std::string Text;
@@ -56,14 +58,14 @@ struct TEmptyMapLabel {
 
 // The labels that are drawn: none overlaps another or leaves the bitmap. Canvas measures them in
 // its font.
-std::vector<TEmptyMapLabel> EmptyMapLabels(const TEmptyMap& Map, TCanvas& Canvas);
+ZAVGEO_API std::vector<TEmptyMapLabel> EmptyMapLabels(const TEmptyMap& Map, TCanvas& Canvas);
 
 // Draws on a canvas of Width x Height pixels. Of lines closer than one pixel some are left out. The
 // canvas has its usual pen, brush and font afterwards.
-void DrawEmptyMap(const TEmptyMap& Map, TCanvas& Canvas);
+ZAVGEO_API void DrawEmptyMap(const TEmptyMap& Map, TCanvas& Canvas);
 
 // For cmEquiRect: the corners and nine control points, 3 by 3, from the lower left.
-TCalibData EmptyMapCalibration(const TEmptyMap& Map);
+ZAVGEO_API TCalibData EmptyMapCalibration(const TEmptyMap& Map);
 
 }  // namespace zav
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <geomap/calibration/calibration.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
@@ -19,7 +20,7 @@ inline void AddPoint(TPolyline& Line, TPoint P) {
   if (Line.empty() || Line.back() != P) Line.push_back(P);
 }
 
-class TGraticule {
+class ZAVGEO_API TGraticule {
  public:
   // The lines for a spacing in degrees, 0 for an automatic one, leaving out those that are less
   // than a device pixel from the one before; Factor is device pixels a map pixel. Empty for a model

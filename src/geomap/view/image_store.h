@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include <platform/base/api.h>
 #include <platform/raster/bitmap.h>
 
 namespace zav {
@@ -24,7 +25,7 @@ struct TImageStamp {
 };
 
 // The stamp of a file now; not Known() when there is none.
-TImageStamp ImageStampOf(const std::string& Path);
+ZAVGEO_API TImageStamp ImageStampOf(const std::string& Path);
 
 // Pixels, and the file they were read from; not Known() when they come from elsewhere.
 struct TStampedBitmap {
@@ -32,7 +33,7 @@ struct TStampedBitmap {
   TBitmap Bitmap;
 };
 
-class TImageStore {
+class ZAVGEO_API TImageStore {
  public:
   // Bytes of pixels that are kept in all, 0 at first. Images beyond a smaller limit go.
   int64_t Limit() const noexcept { return FLimit; }

@@ -16,10 +16,11 @@
 #include <geomap/calibration/calibration.h>
 #include <geomap/landmarks/landmark_list.h>
 #include <geomap/landmarks/landmark_store.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
-class TLandMarkPixels {
+class ZAVGEO_API TLandMarkPixels {
  public:
   // Of one block; as many entries as it has landmarks.
   struct TChunk {
@@ -51,8 +52,8 @@ class TLandMarkPixels {
 };
 
 // How many landmarks of visible classes lie inside the quadrilateral (PositionInMap).
-size_t CountInside(const TLandMarkPixels::TChunks& Chunks, const TCornerArray& Corners,
-                   const TClassVisibility& ClassVisible);
+ZAVGEO_API size_t CountInside(const TLandMarkPixels::TChunks& Chunks, const TCornerArray& Corners,
+                              const TClassVisibility& ClassVisible);
 
 }  // namespace zav
 

@@ -10,6 +10,7 @@
 
 #include <geomap/errors.h>
 #include <geomap/view/image_store.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/codec/image_file.h>
 #include <platform/host/canvas.h>
@@ -23,12 +24,13 @@ inline constexpr const char* UnknownMapImgName = "$unknown$";
 constexpr int32_t MaxMapPixels = 3000000;
 
 // Throws EZAVGeoMapError with the bare reason when the size has more than Limit pixels.
-void CheckMapPixels(TSize Size, int64_t Limit);
+ZAVGEO_API void CheckMapPixels(TSize Size, int64_t Limit);
 
 // Reads a ".jpg", ".jpeg" or ".bmp" file; nothing for another extension. Throws EZAVGeoMapError
 // with the bare reason for more than MaxDecodablePixels, before anything is decoded; the decoder's
 // errors pass.
-std::optional<TBitmap> ReadMapBitmap(const std::string& Path, const TImageProgress& Progress);
+ZAVGEO_API std::optional<TBitmap> ReadMapBitmap(const std::string& Path,
+                                                const TImageProgress& Progress);
 
 // The whole map, scaled once for a magnification below a limit; panning then only copies.
 struct TScaledMapCache {
@@ -38,7 +40,7 @@ struct TScaledMapCache {
   double Scale = 1;  // device pixels per control pixel
 };
 
-class TMapImage {
+class ZAVGEO_API TMapImage {
  public:
   const TBitmap& Bitmap() const noexcept { return FBitmap; }
   const std::string& Name() const noexcept { return FName; }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
@@ -27,14 +28,14 @@ struct TFeedbackShape {
 
 // Draws the shape in exclusive-or mode, so that drawing it again restores every pixel. Pen and
 // brush are as before afterwards.
-void DrawFeedback(const TFeedbackShape& Shape, TCanvas& Canvas);
+ZAVGEO_API void DrawFeedback(const TFeedbackShape& Shape, TCanvas& Canvas);
 
 // Narrow areas of control pixels that hold all pixels of the shape: the edges of a box, pieces of a
 // line. Added to Areas.
-void AddFeedbackAreas(const TFeedbackShape& Shape, std::vector<TRect>& Areas);
+ZAVGEO_API void AddFeedbackAreas(const TFeedbackShape& Shape, std::vector<TRect>& Areas);
 
 // Knows which shape is on the window's buffer, so that only what is there is taken away.
-class TMouseFeedback {
+class ZAVGEO_API TMouseFeedback {
  public:
   // Draws the shape in place of the one that is there, and shows the areas of both. Window.Show()
   // is the last thing it does, because that may destroy the control.

@@ -11,6 +11,7 @@
 
 #include <geomap/view/mouse_feedback.h>
 #include <geomap/view/view_state.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/host/control.h>
 
@@ -65,7 +66,7 @@ struct TMouseResult {
   friend bool operator==(const TMouseResult&, const TMouseResult&) = default;
 };
 
-class TMouseTools {
+class ZAVGEO_API TMouseTools {
  public:
   TPoint LastClick() const noexcept { return FLastClick; }  // map pixels
   TPoint LastMove() const noexcept { return FLastMove; }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/base/color.h>
 #include <platform/base/geometry.h>
 
@@ -27,7 +28,7 @@ struct TMouseTracePoint {
 };
 
 // Up to MaxMTracePoints points, numbered from 1.
-class TMouseTrace {
+class ZAVGEO_API TMouseTrace {
  public:
   int32_t Count() const noexcept { return static_cast<int32_t>(FPoints.size()); }
   // Point 1..Count().

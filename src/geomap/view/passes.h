@@ -11,41 +11,42 @@
 #include <geomap/view/map_image.h>
 #include <geomap/view/mouse_trace.h>
 #include <geomap/view/render_scene.h>
+#include <platform/base/api.h>
 #include <platform/host/canvas.h>
 
 namespace zav {
 
 // The map image, from the scaled cache where that holds the magnification, and the background where
 // the image does not reach.
-void DrawImage(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device);
+ZAVGEO_API void DrawImage(const TRenderScene& Scene, TMapImage& Image, TCanvas& Device);
 
 // Parallels and meridians of the models that are fitted to control points.
-void DrawGraticule(const TRenderScene& Scene, TGraticule& Graticule, TCanvas& Device);
+ZAVGEO_API void DrawGraticule(const TRenderScene& Scene, TGraticule& Graticule, TCanvas& Device);
 
 // cmParabolicIp: the calibration's own lines as parabolas, and the points digitised on them.
-void DrawCalibLines(const TRenderScene& Scene, TCanvas& Device);
+ZAVGEO_API void DrawCalibLines(const TRenderScene& Scene, TCanvas& Device);
 
 // The grid of northings and eastings, cmUTM.
-void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device);
+ZAVGEO_API void DrawUTMGrid(const TRenderScene& Scene, TCanvas& Device);
 
 // The control points, all models but cmParabolicIp.
-void DrawMarkers(const TRenderScene& Scene, TCanvas& Device);
+ZAVGEO_API void DrawMarkers(const TRenderScene& Scene, TCanvas& Device);
 // One marker about the map pixel.
-void DrawMarker(const TRenderScene& Scene, TPoint Map, TCanvas& Device);
+ZAVGEO_API void DrawMarker(const TRenderScene& Scene, TPoint Map, TCanvas& Device);
 
 // Symbols and captions of the landmarks of visible classes, in the list's order; the hook is asked
 // about those out of view, too. Landmarks that have no place on the map are left out, and so are
 // all without a calibration model. False when the hook ended the picture.
-bool DrawLandMarks(const TRenderScene& Scene, TLandMarkCache& Cache, TCanvas& Device,
-                   TCanvas& Control, const TDrawLandMarkHook& Hook);
+ZAVGEO_API bool DrawLandMarks(const TRenderScene& Scene, TLandMarkCache& Cache, TCanvas& Device,
+                              TCanvas& Control, const TDrawLandMarkHook& Hook);
 // The highlighted landmark's symbol again, in its own colours; never thinned out.
-bool DrawHighLight(const TRenderScene& Scene, TLandMarkCache& Cache, TCanvas& Device,
-                   TCanvas& Control, const TDrawLandMarkHook& Hook);
+ZAVGEO_API bool DrawHighLight(const TRenderScene& Scene, TLandMarkCache& Cache, TCanvas& Device,
+                              TCanvas& Control, const TDrawLandMarkHook& Hook);
 
 // The trace on a canvas whose pixel Origin is the control's top left; pen and brush are as before
 // afterwards.
-void DrawTrace(const TMouseTrace& Trace, const TViewState& View, double Scale, TPoint Origin,
-               TCanvas& Device);
+ZAVGEO_API void DrawTrace(const TMouseTrace& Trace, const TViewState& View, double Scale,
+                          TPoint Origin, TCanvas& Device);
 
 inline bool ShowsPoints(TShowGrat Show) noexcept {
   return Show == TShowGrat::sgPoints || Show == TShowGrat::sgPointsAndLines;

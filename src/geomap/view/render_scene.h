@@ -11,11 +11,12 @@
 #include <geomap/view/map_look.h>
 #include <geomap/view/mouse_trace.h>
 #include <geomap/view/view_state.h>
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
 
-struct TRenderScene {
+struct ZAVGEO_API TRenderScene {
   TSize Control;     // control pixels
   double Scale = 1;  // device pixels per control pixel, above 0
   TViewState View;

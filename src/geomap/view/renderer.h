@@ -9,6 +9,7 @@
 #include <geomap/view/landmark_layer.h>
 #include <geomap/view/map_image.h>
 #include <geomap/view/render_scene.h>
+#include <platform/base/api.h>
 #include <platform/host/canvas.h>
 
 namespace zav {
@@ -30,8 +31,8 @@ struct TRenderHooks {
 
 // Draws the scene on a canvas of device pixels that is at least Scene.DeviceSize() large. True when
 // the picture was finished.
-bool RenderMap(const TRenderScene& Scene, const TRenderStores& Stores, TCanvas& Device,
-               const TRenderHooks& Hooks);
+ZAVGEO_API bool RenderMap(const TRenderScene& Scene, const TRenderStores& Stores, TCanvas& Device,
+                          const TRenderHooks& Hooks);
 
 }  // namespace zav
 

@@ -7,6 +7,7 @@
 #ifndef ZAV_GEOMAP_VIEW_VIEW_STATE_H
 #define ZAV_GEOMAP_VIEW_VIEW_STATE_H
 
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
@@ -22,27 +23,29 @@ struct TViewState {
 };
 
 // Map pixel of a control pixel and back. Results beyond the range of int32_t stop at its ends.
-TPoint ControlToMapImage(const TViewState& View, TPoint Control) noexcept;
-TPoint MapImageToControl(const TViewState& View, TPoint Map) noexcept;
+ZAVGEO_API TPoint ControlToMapImage(const TViewState& View, TPoint Control) noexcept;
+ZAVGEO_API TPoint MapImageToControl(const TViewState& View, TPoint Map) noexcept;
 // The same for a target with Scale device pixels per control pixel.
-TPoint MapImageToDevice(const TViewState& View, double Scale, double MapX, double MapY) noexcept;
+ZAVGEO_API TPoint MapImageToDevice(const TViewState& View, double Scale, double MapX,
+                                   double MapY) noexcept;
 
 // Moves the view so that it lies inside the map; a map smaller than the control begins at (0, 0).
-TViewState Confine(const TViewState& View, TSize Control, TSize Map) noexcept;
+ZAVGEO_API TViewState Confine(const TViewState& View, TSize Control, TSize Map) noexcept;
 // Brings a map pixel to the control's centre; may leave the map.
-TViewState CenterOn(const TViewState& View, TPoint MapPixel, TSize Control) noexcept;
+ZAVGEO_API TViewState CenterOn(const TViewState& View, TPoint MapPixel, TSize Control) noexcept;
 // The same without leaving the map.
-TViewState CenterInside(const TViewState& View, TPoint MapPixel, TSize Control, TSize Map) noexcept;
+ZAVGEO_API TViewState CenterInside(const TViewState& View, TPoint MapPixel, TSize Control,
+                                   TSize Map) noexcept;
 // The whole map, as large as it fits, from (0, 0). The magnification may leave its usual limits; it
 // stays as it is where map or control has no area.
-TViewState FitPage(const TViewState& View, TSize Control, TSize Map) noexcept;
+ZAVGEO_API TViewState FitPage(const TViewState& View, TSize Control, TSize Map) noexcept;
 // The view a drag leads to that began at AnchorTopLeft and moved by Drag control pixels.
-TViewState PanBy(const TViewState& View, TPoint AnchorTopLeft, TPoint Drag) noexcept;
+ZAVGEO_API TViewState PanBy(const TViewState& View, TPoint AnchorTopLeft, TPoint Drag) noexcept;
 
 // Zooming in steps about a point of the control, as a mouse wheel does. Every view of a gesture is
 // computed from its start, so that nothing adds up: the map position under the point stays within
 // half a map pixel, and as many steps back as had an effect lead to exactly the view it began with.
-class TZoomGesture {
+class ZAVGEO_API TZoomGesture {
  public:
   // Each step multiplies the magnification by the fourth root of 2, so four steps double it.
   static constexpr int StepsPerDoubling = 4;

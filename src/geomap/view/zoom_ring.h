@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include <geomap/view/view_state.h>
+#include <platform/base/api.h>
 
 namespace zav {
 
@@ -19,7 +20,7 @@ struct TgmZoomStackEntry {
   friend bool operator==(const TgmZoomStackEntry&, const TgmZoomStackEntry&) = default;
 };
 
-class TZoomRing {
+class ZAVGEO_API TZoomRing {
  public:
   static constexpr int32_t Size = 16;
 

@@ -7,13 +7,15 @@
 #include <string>
 #include <string_view>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // Writes a new file beside the one that it is to replace; Commit() puts it in the old one's place.
 // Without Commit(), and when anything fails, the old file stays as it was and the new one is
 // removed. A symbolic link is followed, so that the link stays; permissions are kept. All
 // operations throw EInOutError with the path and the system's reason.
-class TAtomicFile {
+class ZAVGEO_API TAtomicFile {
  public:
   // Refuses a folder, a device, and a file that may not be written.
   explicit TAtomicFile(const std::string& Path);
@@ -41,7 +43,7 @@ class TAtomicFile {
 };
 
 // A whole file in one step.
-void WriteWholeFile(const std::string& Path, std::string_view Bytes);
+ZAVGEO_API void WriteWholeFile(const std::string& Path, std::string_view Bytes);
 
 }  // namespace zav
 

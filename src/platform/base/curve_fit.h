@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <vector>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // What TCurveFit::CalcStatistics tells about the pairs. All 0 without pairs.
@@ -22,7 +24,7 @@ struct TCurveStatistics {
   friend bool operator==(const TCurveStatistics&, const TCurveStatistics&) = default;
 };
 
-class TCurveFit {
+class ZAVGEO_API TCurveFit {
  public:
   // Removes all pairs.
   void Init() noexcept { FPairs.clear(); }

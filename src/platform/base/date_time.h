@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // Days since 30 December 1899, 0 o'clock; the fraction is the time of the day. Whole days count
@@ -24,11 +26,11 @@ struct TDateTimeParts {
 
 // The number of a date of the Gregorian calendar, years 1..9999. False, and Value 0, when there is
 // no such date or time.
-bool EncodeDateTime(const TDateTimeParts& Parts, TDateTime& Value) noexcept;
+ZAVGEO_API bool EncodeDateTime(const TDateTimeParts& Parts, TDateTime& Value) noexcept;
 
 // Date and time of a number, to the nearest second. Numbers outside the years 1..9999 and NaN give
 // the parts of 0.
-TDateTimeParts DecodeDateTime(TDateTime Value) noexcept;
+ZAVGEO_API TDateTimeParts DecodeDateTime(TDateTime Value) noexcept;
 
 }  // namespace zav
 

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 enum class TDegreeFormat : uint8_t {
@@ -18,7 +20,7 @@ enum class TDegreeFormat : uint8_t {
 // even and carried upwards: 59.9996' with 3 decimals is the next degree. Minutes and seconds have
 // two digits before the point. A negative angle has one "-" in front, unless all its digits are 0.
 // Infinities and NaN give "inf", "-inf" and "nan".
-std::string DegreeToStr(double Value, TDegreeFormat Format, int32_t Decimals);
+ZAVGEO_API std::string DegreeToStr(double Value, TDegreeFormat Format, int32_t Decimals);
 
 }  // namespace zav
 

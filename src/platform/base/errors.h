@@ -9,17 +9,19 @@
 #include <stdexcept>
 #include <string>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // The root of all errors thrown by this library.
-class EZAVError : public std::runtime_error {
+class ZAVGEO_API EZAVError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
 // A file could not be opened, read or written, or its content is damaged. The text holds the path
 // and the reason; both can also be asked for alone.
-class EInOutError : public EZAVError {
+class ZAVGEO_API EInOutError : public EZAVError {
  public:
   EInOutError(const std::string& Path, const std::string& Reason)
       : EZAVError(Path + ": " + Reason), FPath(Path), FReason(Reason) {}

@@ -11,12 +11,14 @@
 #include <span>
 #include <string>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 enum class TFileAccess : uint8_t { Read, Update, UpdateOrCreate };
 enum class TFileLock : uint8_t { None, Shared, Exclusive };
 
-class TFileOps {
+class ZAVGEO_API TFileOps {
  public:
   virtual ~TFileOps() = default;
 
@@ -49,13 +51,13 @@ class TFileOps {
 };
 
 // The operations of the system.
-TFileOps& SystemFileOps() noexcept;
+ZAVGEO_API TFileOps& SystemFileOps() noexcept;
 
 // The operations that this thread uses: the system's unless a TFileOpsOverride is alive.
-TFileOps& FileOps() noexcept;
+ZAVGEO_API TFileOps& FileOps() noexcept;
 
 // Puts Ops in the place of this thread's operations while it lives.
-class TFileOpsOverride {
+class ZAVGEO_API TFileOpsOverride {
  public:
   explicit TFileOpsOverride(TFileOps& Ops) noexcept;
   ~TFileOpsOverride();
@@ -67,7 +69,7 @@ class TFileOpsOverride {
 };
 
 // The system's words for an error number, in English under every locale.
-std::string SystemReason(int Error);
+ZAVGEO_API std::string SystemReason(int Error);
 
 }  // namespace zav
 

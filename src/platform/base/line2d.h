@@ -3,10 +3,12 @@
 #ifndef ZAV_PLATFORM_BASE_LINE2D_H
 #define ZAV_PLATFORM_BASE_LINE2D_H
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // A straight line without ends, with the direction from the first of its two points to the second.
-class TSLine {
+class ZAVGEO_API TSLine {
  public:
   // The line through two points. Two equal points, infinities and NaN make no line.
   void LineFrom2Points(double X1, double Y1, double X2, double Y2) noexcept;

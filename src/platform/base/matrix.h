@@ -10,9 +10,11 @@
 #include <cstdint>
 #include <vector>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
-class TMatrix {
+class ZAVGEO_API TMatrix {
  public:
   TMatrix() = default;
   TMatrix(int32_t Columns, int32_t Rows) { Resize(Columns, Rows); }
@@ -50,7 +52,7 @@ class TMatrix {
   std::vector<double> FValues;
 };
 
-class TVector {
+class ZAVGEO_API TVector {
  public:
   TVector() = default;
   explicit TVector(int32_t Size) { SetVecSize(Size); }

@@ -6,12 +6,14 @@
 #include <cstdint>
 #include <functional>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // A counter, an optional callback that receives it and a flag that asks the computation to stop.
 // Functions that report progress take one of these; a computation increments Counter, calls
 // Feedback when it is set, then looks at Abort, which the callback may have set.
-struct TProgress {
+struct ZAVGEO_API TProgress {
   int64_t Counter = 0;
   std::function<void(int64_t Counter)> Feedback;
   bool Abort = false;
@@ -21,7 +23,7 @@ struct TProgress {
 };
 
 // The progress object that is used where the caller passes none: one for each thread.
-TProgress& DefaultProgress() noexcept;
+ZAVGEO_API TProgress& DefaultProgress() noexcept;
 
 }  // namespace zav
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // Larger files are refused unless the caller says otherwise.
@@ -15,9 +17,10 @@ constexpr int64_t MaxWholeFile = int64_t{1} << 30;
 // The bytes of a file or pipe. Throws EInOutError with the path and the system's reason when it
 // cannot be read, is a folder or a device or has more than MaxSize bytes; no more memory is taken
 // than the file has bytes.
-std::vector<uint8_t> ReadWholeFile(const std::string& Path, int64_t MaxSize = MaxWholeFile);
+ZAVGEO_API std::vector<uint8_t> ReadWholeFile(const std::string& Path,
+                                              int64_t MaxSize = MaxWholeFile);
 // The same as text.
-std::string ReadWholeTextFile(const std::string& Path, int64_t MaxSize = MaxWholeFile);
+ZAVGEO_API std::string ReadWholeTextFile(const std::string& Path, int64_t MaxSize = MaxWholeFile);
 
 }  // namespace zav
 

@@ -8,9 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
-class TStream {
+class ZAVGEO_API TStream {
  public:
   virtual ~TStream() = default;
 
@@ -26,7 +28,7 @@ class TStream {
 };
 
 // A stream in memory; copies are deep.
-class TMemoryStream : public TStream {
+class ZAVGEO_API TMemoryStream : public TStream {
  public:
   size_t Read(void* Buffer, size_t Count) override;
   void Write(const void* Data, size_t Count) override;
@@ -46,7 +48,7 @@ class TMemoryStream : public TStream {
 };
 
 // Writes the text and CR LF.
-void WriteLnStream(TStream& Stream, std::string_view Text);
+ZAVGEO_API void WriteLnStream(TStream& Stream, std::string_view Text);
 
 }  // namespace zav
 

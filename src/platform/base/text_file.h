@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include <platform/base/api.h>
 #include <platform/base/atomic_file.h>
 
 namespace zav {
@@ -16,7 +17,7 @@ namespace zav {
 // on as they are, but for a byte order mark at the beginning of the file. A file that is written
 // replaces an older one when it is closed, whole or not at all. Every operation throws EInOutError
 // when the system fails it or the file is not open for it.
-class TextFile {
+class ZAVGEO_API TextFile {
  public:
   // Opens a file for reading at its first line.
   void Reset(const std::string& Path);

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 // Value in fixed-point form with Decimals digits after "." (none and no point for 0; -1 counts as
@@ -17,20 +19,20 @@ namespace zav {
 //
 // A negative Width pads with "0", the sign in front: (-3.5, -8, 3) gives "-003.500". Infinities and
 // NaN give "inf", "-inf" and "nan".
-std::string FormatFixedNumber(double Value, int32_t Width, int32_t Decimals);
+ZAVGEO_API std::string FormatFixedNumber(double Value, int32_t Width, int32_t Decimals);
 
 // Truth values by style: 0 TRUE/FALSE, 1 T/F, 2 .T./.F., 3 1/0, 4 -1/0, 5 FF/00, 6 YES/NO,
 // 7 GOOD/BAD; any other style is 0.
-std::string BoolToText(bool Value, int32_t Style);
+ZAVGEO_API std::string BoolToText(bool Value, int32_t Style);
 
 // Upper-case hexadecimal, padded with zeros to Digits.
-std::string Hex(uint32_t Value, int32_t Digits);
+ZAVGEO_API std::string Hex(uint32_t Value, int32_t Digits);
 
 // Decimal digits, with "-" when negative.
-std::string IntegerText(int64_t Value);
+ZAVGEO_API std::string IntegerText(int64_t Value);
 
 // The shortest text that reads back as the same number.
-std::string ShortestNumber(double Value);
+ZAVGEO_API std::string ShortestNumber(double Value);
 
 }  // namespace zav
 

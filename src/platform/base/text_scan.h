@@ -10,28 +10,31 @@
 #include <cstdint>
 #include <string_view>
 
+#include <platform/base/api.h>
 #include <platform/base/date_time.h>
 
 namespace zav {
 
 // Blanks, an optional sign and decimal digits. The value wraps around at 32 bits. No digits give 0;
 // an empty text leaves Pos alone.
-int32_t ScanInteger(std::string_view Text, int32_t& Pos) noexcept;
+ZAVGEO_API int32_t ScanInteger(std::string_view Text, int32_t& Pos) noexcept;
 
 // Blanks, an optional sign, digits with at most one decimal separator, and with AllowExponent an
 // optional "E", sign and digits. The separator is "." for SeparatorMode 1, "," for 2, either for 3.
 // A number may end after its separator ("1."), "E" or exponent sign; a lone sign is 0. Values
 // beyond the range stop at the largest finite double.
-double ScanFloat(std::string_view Text, bool AllowExponent, int32_t SeparatorMode, int32_t& Pos);
+ZAVGEO_API double ScanFloat(std::string_view Text, bool AllowExponent, int32_t SeparatorMode,
+                            int32_t& Pos);
 
 // Hexadecimal digits of either case, without sign and blanks; the value wraps around at 32 bits.
-uint32_t ScanHex(std::string_view Text, int32_t& Pos) noexcept;
+ZAVGEO_API uint32_t ScanHex(std::string_view Text, int32_t& Pos) noexcept;
 
 // A date and time laid out as Format, in which each of the letters y (year), m (month), d (day),
 // H (hour), M (minute) and S (second) stands for one digit and any other character for itself, as
 // "yyyymmddHHMMSS". What the format does not name is the first of its kind (year 1899, 0 o'clock).
 // A malformed date or one that does not exist is 0; Pos is then left where reading stopped.
-TDateTime ScanDateTime(std::string_view Text, std::string_view Format, int32_t& Pos) noexcept;
+ZAVGEO_API TDateTime ScanDateTime(std::string_view Text, std::string_view Format,
+                                  int32_t& Pos) noexcept;
 
 }  // namespace zav
 

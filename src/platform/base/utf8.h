@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 struct TUtf8Char {
@@ -20,17 +22,17 @@ struct TUtf8Char {
 };
 
 // The character that begins at the 0-based byte Offset.
-TUtf8Char DecodeUtf8(std::string_view Text, size_t Offset) noexcept;
+ZAVGEO_API TUtf8Char DecodeUtf8(std::string_view Text, size_t Offset) noexcept;
 
 // Appends a character as UTF-8.
-void AppendUtf8(std::string& Text, char32_t Code);
+ZAVGEO_API void AppendUtf8(std::string& Text, char32_t Code);
 
 // The longest beginning of Text of at most MaxBytes bytes that cuts no character.
-std::string_view CutAtCharacter(std::string_view Text, size_t MaxBytes) noexcept;
+ZAVGEO_API std::string_view CutAtCharacter(std::string_view Text, size_t MaxBytes) noexcept;
 
 // The text as it is to be shown: bytes that are no UTF-8 are read as Windows-1252, the code page of
 // older files.
-std::string DisplayText(std::string_view Text);
+ZAVGEO_API std::string DisplayText(std::string_view Text);
 
 }  // namespace zav
 

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 
+#include <platform/base/api.h>
 #include <platform/base/errors.h>
 #include <platform/base/geometry.h>
 #include <platform/raster/bitmap.h>
@@ -18,7 +19,7 @@ namespace zav {
 using TImageProgress = std::function<bool(int Percent)>;
 
 // Thrown when the progress handler cancelled a load; the bitmap is then unchanged.
-class EImageCancelled : public EZAVError {
+class ZAVGEO_API EImageCancelled : public EZAVError {
  public:
   using EZAVError::EZAVError;
 };
@@ -29,31 +30,32 @@ constexpr int64_t MaxDecodablePixels = 64000000;
 enum class TImageKind : uint8_t { ikUnknown, ikJpeg, ikBmp };
 
 // The kind by the file name's extension, in any case: ".jpg", ".jpeg", ".bmp".
-TImageKind ImageKindOfName(const std::string& Path);
+ZAVGEO_API TImageKind ImageKindOfName(const std::string& Path);
 
 // The size in the file's header, in pixels; nothing is decoded. Throws EInOutError when the file
 // cannot be read or its header is damaged.
-TSize ReadImageSize(const std::string& Path, TImageKind Kind);
+ZAVGEO_API TSize ReadImageSize(const std::string& Path, TImageKind Kind);
 
 // Decodes the file to a bitmap of 32 bits a pixel. Throws EInOutError with the path and the reason
 // when the file cannot be read, is damaged or ends early, has more than MaxDecodablePixels or is of
 // a kind that is not supported (CMYK JPEG); EImageCancelled when cancelled.
-TBitmap LoadImageFile(const std::string& Path, TImageKind Kind,
-                      const TImageProgress& Progress = nullptr);
+ZAVGEO_API TBitmap LoadImageFile(const std::string& Path, TImageKind Kind,
+                                 const TImageProgress& Progress = nullptr);
 
 // The same from memory; Name is used in messages only.
-TSize ReadImageSize(std::span<const uint8_t> Data, TImageKind Kind, const std::string& Name);
-TBitmap DecodeImage(std::span<const uint8_t> Data, TImageKind Kind, const std::string& Name,
-                    const TImageProgress& Progress = nullptr);
+ZAVGEO_API TSize ReadImageSize(std::span<const uint8_t> Data, TImageKind Kind,
+                               const std::string& Name);
+ZAVGEO_API TBitmap DecodeImage(std::span<const uint8_t> Data, TImageKind Kind,
+                               const std::string& Name, const TImageProgress& Progress = nullptr);
 
 // Writes the bitmap as a JPEG file, quality 1..100, in one step: a failure leaves an older file as
 // it was. Throws EInOutError.
-void SaveJpegFile(const std::string& Path, const TBitmap& Bitmap, int Quality,
-                  const TImageProgress& Progress = nullptr);
+ZAVGEO_API void SaveJpegFile(const std::string& Path, const TBitmap& Bitmap, int Quality,
+                             const TImageProgress& Progress = nullptr);
 
 // The same as a BMP file of 24 bits a pixel, without compression. Throws EInOutError also for a
 // bitmap without pixels.
-void SaveBmpFile(const std::string& Path, const TBitmap& Bitmap);
+ZAVGEO_API void SaveBmpFile(const std::string& Path, const TBitmap& Bitmap);
 
 }  // namespace zav
 

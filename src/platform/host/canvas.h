@@ -16,6 +16,7 @@
 #include <span>
 #include <string_view>
 
+#include <platform/base/api.h>
 #include <platform/base/color.h>
 #include <platform/base/geometry.h>
 #include <platform/host/font.h>
@@ -46,7 +47,7 @@ struct TBrush {
   friend bool operator==(const TBrush&, const TBrush&) = default;
 };
 
-class TCanvas {
+class ZAVGEO_API TCanvas {
  public:
   virtual ~TCanvas() = default;
 

@@ -3,11 +3,13 @@
 #ifndef ZAV_PLATFORM_HOST_CLIPBOARD_H
 #define ZAV_PLATFORM_HOST_CLIPBOARD_H
 
+#include <platform/base/api.h>
+
 namespace zav {
 
 class TBitmap;
 
-class TClipboard {
+class ZAVGEO_API TClipboard {
  public:
   virtual ~TClipboard() = default;
   // Puts a copy of the picture on the clipboard, in the place of what was there.

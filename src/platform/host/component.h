@@ -11,17 +11,18 @@
 #include <string>
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/base/errors.h>
 
 namespace zav {
 
 // Thrown when an object is assigned from one of a kind that it cannot take.
-class EConvertError : public EZAVError {
+class ZAVGEO_API EConvertError : public EZAVError {
  public:
   using EZAVError::EZAVError;
 };
 
-class TPersistent {
+class ZAVGEO_API TPersistent {
  public:
   virtual ~TPersistent() = default;
 
@@ -36,7 +37,7 @@ class TPersistent {
   TPersistent& operator=(const TPersistent&) = default;
 };
 
-class TComponent : public TPersistent {
+class ZAVGEO_API TComponent : public TPersistent {
  public:
   explicit TComponent(TComponent* Owner = nullptr);
   ~TComponent() override;

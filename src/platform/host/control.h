@@ -11,6 +11,7 @@
 #include <memory>
 #include <span>
 
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/host/canvas.h>
 #include <platform/host/component.h>
@@ -32,7 +33,7 @@ constexpr TShiftState ssRight = 16;
 constexpr TShiftState ssMiddle = 32;
 
 // The host's side of one control: the buffer that holds its picture.
-class TControlWindow {
+class ZAVGEO_API TControlWindow {
  public:
   virtual ~TControlWindow() = default;
 
@@ -52,7 +53,7 @@ class TControlWindow {
   virtual void SetCursor(int32_t /*Cursor*/) {}
 };
 
-class TCustomControl : public TComponent {
+class ZAVGEO_API TCustomControl : public TComponent {
  public:
   // The host must outlive the control.
   TCustomControl(TComponent* Owner, THost& Host);

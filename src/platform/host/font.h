@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/base/color.h>
 #include <platform/base/geometry.h>
 
@@ -45,7 +46,7 @@ struct TTextMask {
 };
 
 // Measures and rasterises text (UTF-8). One object serves all canvases of a host.
-class TFontEngine {
+class ZAVGEO_API TFontEngine {
  public:
   virtual ~TFontEngine() = default;
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include <platform/base/api.h>
 #include <platform/host/canvas.h>
 
 namespace zav {
@@ -21,8 +22,9 @@ enum class TFrameStyle : uint8_t {
 // Draws the frame along the inside of the rectangle whose last column and row are Right and Bottom.
 // Nothing is filled; the canvas's brush is as before afterwards. A ring for which there is no
 // room is left out; a style that does not exist draws nothing.
-void DrawFrame(TCanvas& Canvas, TFrameStyle Style, int32_t Left, int32_t Top, int32_t Right,
-               int32_t Bottom, TColor Light, TColor Face, TColor Shadow, TColor Dark, TColor Black);
+ZAVGEO_API void DrawFrame(TCanvas& Canvas, TFrameStyle Style, int32_t Left, int32_t Top,
+                          int32_t Right, int32_t Bottom, TColor Light, TColor Face, TColor Shadow,
+                          TColor Dark, TColor Black);
 
 }  // namespace zav
 

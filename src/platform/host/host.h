@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 
+#include <platform/base/api.h>
 #include <platform/host/clipboard.h>
 #include <platform/host/control.h>
 #include <platform/host/font.h>
@@ -17,7 +18,7 @@
 
 namespace zav {
 
-class THost {
+class ZAVGEO_API THost {
  public:
   virtual ~THost() = default;
 

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include <platform/base/api.h>
 #include <platform/base/errors.h>
 #include <platform/base/geometry.h>
 #include <platform/host/canvas.h>
@@ -15,12 +16,12 @@ namespace zav {
 
 // Thrown when there is no printer, when it refuses a document, and when a page is drawn on without
 // one.
-class EPrinterError : public EZAVError {
+class ZAVGEO_API EPrinterError : public EZAVError {
  public:
   using EZAVError::EZAVError;
 };
 
-class TPrinter {
+class ZAVGEO_API TPrinter {
  public:
   virtual ~TPrinter() = default;
 

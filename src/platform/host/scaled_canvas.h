@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/host/canvas.h>
 
 namespace zav {
@@ -15,7 +16,7 @@ namespace zav {
 // device = RoundHalfEven(origin) + RoundHalfEven(control pixel * scale); pen widths are scaled to
 // at least one device pixel, text to Scale times its size. Every pixel of a bitmap becomes Scale
 // device pixels wide. At scale 1 and origin 0 every call is passed on as it is.
-class TScaledCanvas final : public TCanvas {
+class ZAVGEO_API TScaledCanvas final : public TCanvas {
  public:
   // The device must outlive this canvas; its pen, brush and font are overwritten by each call. A
   // scale that is not above 0 counts as 1.

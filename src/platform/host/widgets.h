@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 
 namespace zav {
@@ -20,7 +21,7 @@ enum class TGlyph : uint8_t { gyPointer, gyZoom };
 
 // A flat button that stays down. Of those of one panel with the same group one is down: pressing
 // one lets the others up.
-class TSpeedButton {
+class ZAVGEO_API TSpeedButton {
  public:
   virtual ~TSpeedButton() = default;
   virtual bool Down() const = 0;
@@ -30,7 +31,7 @@ class TSpeedButton {
 };
 
 // A list to choose one line from, without free text.
-class TComboBox {
+class ZAVGEO_API TComboBox {
  public:
   virtual ~TComboBox() = default;
   // Removes all lines; none is chosen then.
@@ -45,7 +46,7 @@ class TComboBox {
 };
 
 // A bar at the top of a control. Its widgets must not outlive it.
-class TPanel {
+class ZAVGEO_API TPanel {
  public:
   virtual ~TPanel() = default;
   virtual int32_t Height() const = 0;
@@ -58,7 +59,7 @@ class TPanel {
 };
 
 // A panel that is not on any screen, for hosts that have no widgets; it keeps its state only.
-std::unique_ptr<TPanel> MakeUnseenPanel(int32_t Height);
+ZAVGEO_API std::unique_ptr<TPanel> MakeUnseenPanel(int32_t Height);
 
 }  // namespace zav
 

@@ -25,11 +25,12 @@
 #include <QWidget>
 
 #include <geoatlas/geo_atlas.h>
+#include <platform/base/api.h>
 #include <platform/qt/geo_map_widget.h>
 
 namespace zav {
 
-class GeoAtlasWidget : public QWidget, private TGeoMapObserver {
+class ZAVGEO_API GeoAtlasWidget : public QWidget, private TGeoMapObserver {
   Q_OBJECT
 
   Q_PROPERTY(int mapCount READ mapCount NOTIFY mapsChanged)

@@ -32,13 +32,14 @@
 #include <QWidget>
 
 #include <geomap/geo_map.h>
+#include <platform/base/api.h>
 #include <platform/qt/qt_host.h>
 
 namespace zav {
 
 class TQtControlWindow;
 
-class GeoMapWidget : public QWidget, private TGeoMapObserver {
+class ZAVGEO_API GeoMapWidget : public QWidget, private TGeoMapObserver {
   Q_OBJECT
 
   Q_PROPERTY(QString mapFile READ mapFile WRITE loadMap NOTIFY mapChanged)

@@ -3,11 +3,12 @@
 #ifndef ZAV_PLATFORM_QT_QT_CLIPBOARD_H
 #define ZAV_PLATFORM_QT_QT_CLIPBOARD_H
 
+#include <platform/base/api.h>
 #include <platform/host/clipboard.h>
 
 namespace zav {
 
-class TQtClipboard final : public TClipboard {
+class ZAVGEO_API TQtClipboard final : public TClipboard {
  public:
   // Throws EZAVError when there is no QGuiApplication.
   void SetBitmap(const TBitmap& Bitmap) override;

@@ -10,6 +10,7 @@
 
 #include <QImage>
 
+#include <platform/base/api.h>
 #include <platform/host/control.h>
 #include <platform/raster/bitmap.h>
 
@@ -22,7 +23,7 @@ namespace zav {
 class TScaledCanvas;
 class TRasterCanvas;
 
-class TQtControlWindow final : public TControlWindow {
+class ZAVGEO_API TQtControlWindow final : public TControlWindow {
  public:
   // Without a widget the picture is in memory only. Fonts and the widget must outlive the window.
   // The scale is kept within 0.1 to 16.

@@ -13,6 +13,7 @@
 #include <QRegion>
 #include <QString>
 
+#include <platform/base/api.h>
 #include <platform/base/color.h>
 #include <platform/base/geometry.h>
 #include <platform/host/control.h>
@@ -20,23 +21,23 @@
 namespace zav {
 
 // Bytes that are no UTF-8 are read as Windows-1252.
-QString ToQString(std::string_view Text);
+ZAVGEO_API QString ToQString(std::string_view Text);
 inline std::string FromQString(const QString& Text) { return Text.toStdString(); }
 
 inline QColor ToQColor(TColor Color) { return {RedOf(Color), GreenOf(Color), BlueOf(Color)}; }
 // The opacity is dropped.
-TColor FromQColor(const QColor& Color);
+ZAVGEO_API TColor FromQColor(const QColor& Color);
 
 inline QPoint ToQPoint(TPoint Point) { return {Point.X, Point.Y}; }
 inline TPoint FromQPoint(QPoint Point) { return {Point.x(), Point.y()}; }
 // The control pixel that holds a position within a widget.
-TPoint PixelAt(QPointF Position);
+ZAVGEO_API TPoint PixelAt(QPointF Position);
 
-QRegion ToQRegion(std::span<const TRect> Areas);
+ZAVGEO_API QRegion ToQRegion(std::span<const TRect> Areas);
 
 // Nothing for buttons that controls do not know.
-std::optional<TMouseButton> ToMouseButton(Qt::MouseButton Button);
-TShiftState ToShiftState(Qt::KeyboardModifiers Modifiers, Qt::MouseButtons Buttons);
+ZAVGEO_API std::optional<TMouseButton> ToMouseButton(Qt::MouseButton Button);
+ZAVGEO_API TShiftState ToShiftState(Qt::KeyboardModifiers Modifiers, Qt::MouseButtons Buttons);
 
 }  // namespace zav
 

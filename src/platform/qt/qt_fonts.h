@@ -17,13 +17,14 @@
 #include <QRawFont>
 #include <QString>
 
+#include <platform/base/api.h>
 #include <platform/host/font.h>
 
 namespace zav {
 
 // One thread at a time. A family that is not installed, and "MS Sans Serif", is drawn with the
 // built-in face. Bytes that are no UTF-8 are shown as Windows-1252, control characters as blanks.
-class TQtFontEngine final : public TFontEngine {
+class ZAVGEO_API TQtFontEngine final : public TFontEngine {
  public:
   // Both throw EZAVError when there is no QGuiApplication, without which Qt has no fonts.
   TSize TextExtent(const TFont& Font, std::string_view Text) override;
@@ -50,9 +51,9 @@ class TQtFontEngine final : public TFontEngine {
 // The face of a font for pages: the same faces, as outlines without hinting. Sizes are pixels of
 // the page as they are pixels of the screen (8 points are 10.7). Throws EZAVError when there is no
 // QGuiApplication.
-QFont PageFont(const TFont& Font);
+ZAVGEO_API QFont PageFont(const TFont& Font);
 // Text as it is drawn: one line, no tabs, control characters as blanks.
-QString PrintableText(std::string_view Text);
+ZAVGEO_API QString PrintableText(std::string_view Text);
 
 }  // namespace zav
 

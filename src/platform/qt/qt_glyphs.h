@@ -7,6 +7,7 @@
 
 #include <QCursor>
 
+#include <platform/base/api.h>
 #include <platform/host/widgets.h>
 
 class QColor;
@@ -16,12 +17,13 @@ class QRectF;
 namespace zav {
 
 // Fills a square with the glyph of a button.
-void DrawGlyph(QPainter& Painter, const QRectF& Square, TGlyph Glyph, const QColor& Color);
+ZAVGEO_API void DrawGlyph(QPainter& Painter, const QRectF& Square, TGlyph Glyph,
+                          const QColor& Color);
 
 // The cursor of a number that TControlWindow::SetCursor takes: crGeoZoom and crGeoHand are drawn,
 // white with a dark edge, for Ratio device pixels a pixel; crHandPoint is the desktop's; any other
 // is the ordinary arrow.
-QCursor MakeCursor(int32_t Number, double Ratio);
+ZAVGEO_API QCursor MakeCursor(int32_t Number, double Ratio);
 
 }  // namespace zav
 

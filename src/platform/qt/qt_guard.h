@@ -5,6 +5,8 @@
 
 #include <functional>
 
+#include <platform/base/api.h>
+
 class QObject;
 class QString;
 
@@ -12,8 +14,8 @@ namespace zav {
 
 // Runs Call; the text of what it throws goes to Report, if Self still exists, and what Report
 // throws goes nowhere. True when nothing was thrown and Self still exists.
-bool RunGuarded(QObject* Self, const std::function<void()>& Call,
-                const std::function<void(const QString& Text)>& Report);
+ZAVGEO_API bool RunGuarded(QObject* Self, const std::function<void()>& Call,
+                           const std::function<void(const QString& Text)>& Report);
 
 }  // namespace zav
 

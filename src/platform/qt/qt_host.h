@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include <platform/base/api.h>
 #include <platform/host/host.h>
 #include <platform/qt/qt_clipboard.h>
 #include <platform/qt/qt_fonts.h>
@@ -18,7 +19,7 @@ namespace zav {
 
 // Must outlive the controls that it hosts. Texts need a QGuiApplication (the platform "offscreen"
 // will do), all else works without one.
-class TQtHost final : public THost {
+class ZAVGEO_API TQtHost final : public THost {
  public:
   // A host for pictures that are never on a screen, such as those of a command-line tool: each
   // control draws on a buffer of its own, Scale device pixels a control pixel (0.1 to 16).

@@ -5,6 +5,7 @@
 
 #include <QImage>
 
+#include <platform/base/api.h>
 #include <platform/raster/bitmap.h>
 
 namespace zav {
@@ -12,11 +13,11 @@ namespace zav {
 // A Qt image over the bitmap's own pixels, which must stay as long as the image; null for an empty
 // bitmap. Painting on the image of a non-const bitmap draws on the bitmap, as long as that image is
 // not copied; the image of a const one makes its own copy of the pixels when it is painted on.
-QImage WrapBitmap(TBitmap& Bitmap);
-QImage WrapBitmap(const TBitmap& Bitmap);
+ZAVGEO_API QImage WrapBitmap(TBitmap& Bitmap);
+ZAVGEO_API QImage WrapBitmap(const TBitmap& Bitmap);
 
 // A bitmap of 32 bits a pixel with the image's picture; transparent parts show black.
-TBitmap ToBitmap(const QImage& Image);
+ZAVGEO_API TBitmap ToBitmap(const QImage& Image);
 
 }  // namespace zav
 

@@ -8,6 +8,7 @@
 
 #include <string>
 
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/raster/bitmap.h>
 
@@ -15,11 +16,11 @@ namespace zav {
 
 // The size in the file's header. Throws EInOutError when there is no such file, when it is damaged
 // or of a kind that Qt cannot read here.
-TSize ReadQtImageSize(const std::string& Path);
+ZAVGEO_API TSize ReadQtImageSize(const std::string& Path);
 
 // Decodes the (first) picture to 32 bits a pixel; transparent parts show white, as paper does.
 // Throws EInOutError, too, for more than MaxDecodablePixels, before anything is decoded.
-TBitmap LoadQtImage(const std::string& Path);
+ZAVGEO_API TBitmap LoadQtImage(const std::string& Path);
 
 }  // namespace zav
 

@@ -8,6 +8,7 @@
 #ifndef ZAV_PLATFORM_QT_QT_PAGE_CANVAS_H
 #define ZAV_PLATFORM_QT_QT_PAGE_CANVAS_H
 
+#include <platform/base/api.h>
 #include <platform/host/canvas.h>
 
 class QPainter;
@@ -16,7 +17,7 @@ class QPolygonF;
 
 namespace zav {
 
-class TQtPageCanvas final : public TCanvas {
+class ZAVGEO_API TQtPageCanvas final : public TCanvas {
  public:
   // A canvas whose (0, 0) is the top left corner of Area, in the painter's own pixels. The painter
   // must outlive it and gets its state back when the canvas dies.

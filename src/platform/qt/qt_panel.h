@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <platform/base/api.h>
 #include <platform/host/widgets.h>
 
 class QButtonGroup;
@@ -25,7 +26,7 @@ struct TQtPanelOwner {
   std::function<void(int Line)> LineChosen;
 };
 
-class TQtPanel final : public TPanel {
+class ZAVGEO_API TQtPanel final : public TPanel {
  public:
   // A bar of Height pixels; Parent owns it until this object dies and puts it where it belongs.
   TQtPanel(QWidget& Parent, int32_t Height, TQtPanelOwner Owner);

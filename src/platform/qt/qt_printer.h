@@ -9,6 +9,7 @@
 #include <QBuffer>
 #include <QPageLayout>
 
+#include <platform/base/api.h>
 #include <platform/host/printer.h>
 
 class QPagedPaintDevice;
@@ -21,7 +22,7 @@ class TQtPageCanvas;
 
 // Draws on a QPrinter, a QPdfWriter or any other device of pages, as it is set up when a document
 // begins: paper, margins, resolution. The device must outlive this object.
-class TQtPrinter final : public TPrinter {
+class ZAVGEO_API TQtPrinter final : public TPrinter {
  public:
   explicit TQtPrinter(QPagedPaintDevice& Device);
   // Throws an open document away.
@@ -44,7 +45,7 @@ class TQtPrinter final : public TPrinter {
 
 // Makes a PDF file. It is written when the document ends, whole or not at all; until then an older
 // file stays.
-class TPdfPrinter final : public TPrinter {
+class ZAVGEO_API TPdfPrinter final : public TPrinter {
  public:
   static constexpr int UsualResolution = 1200;
 

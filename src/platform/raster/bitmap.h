@@ -13,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include <platform/base/api.h>
 #include <platform/base/color.h>
 #include <platform/base/geometry.h>
 
@@ -24,7 +25,7 @@ constexpr int BytesPerPixel(TPixelFormat Format) noexcept {
   return Format == TPixelFormat::pf15bit ? 2 : Format == TPixelFormat::pf24bit ? 3 : 4;
 }
 
-class TBitmap {
+class ZAVGEO_API TBitmap {
  public:
   TBitmap() = default;
   explicit TBitmap(TPixelFormat Format) : FFormat(Format) {}

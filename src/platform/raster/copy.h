@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/raster/bitmap.h>
 
@@ -12,8 +13,8 @@ namespace zav {
 
 // Copies SourceRect so that its top left corner falls on (X, Y). What lies outside either bitmap is
 // left out; formats are converted. Both may be the same bitmap, also with overlapping rectangles.
-void CopyPixels(TBitmap& Dest, int32_t X, int32_t Y, const TBitmap& Source,
-                const TRect& SourceRect) noexcept;
+ZAVGEO_API void CopyPixels(TBitmap& Dest, int32_t X, int32_t Y, const TBitmap& Source,
+                           const TRect& SourceRect) noexcept;
 
 }  // namespace zav
 

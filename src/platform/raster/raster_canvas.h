@@ -7,12 +7,13 @@
 #ifndef ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
 #define ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
 
+#include <platform/base/api.h>
 #include <platform/host/canvas.h>
 #include <platform/raster/bitmap.h>
 
 namespace zav {
 
-class TRasterCanvas final : public TCanvas {
+class ZAVGEO_API TRasterCanvas final : public TCanvas {
  public:
   // Both must outlive the canvas. Without a font engine text has no size and draws nothing.
   explicit TRasterCanvas(TBitmap& Target, TFontEngine* Fonts = nullptr) noexcept

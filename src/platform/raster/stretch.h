@@ -15,6 +15,7 @@
 #ifndef ZAV_PLATFORM_RASTER_STRETCH_H
 #define ZAV_PLATFORM_RASTER_STRETCH_H
 
+#include <platform/base/api.h>
 #include <platform/base/geometry.h>
 #include <platform/host/canvas.h>
 #include <platform/raster/bitmap.h>
@@ -24,8 +25,8 @@ namespace zav {
 // Stretches SourceRect over DestRect, clipped to Dest; formats are converted. Draws nothing when
 // either rectangle is empty, turned round or not finite. Dest and Source may be the same bitmap.
 // Throws std::bad_alloc when there is no memory for the tables.
-void Stretch(TBitmap& Dest, const TRect& DestRect, const TBitmap& Source,
-             const TRectDouble& SourceRect, TStretchMode Mode);
+ZAVGEO_API void Stretch(TBitmap& Dest, const TRect& DestRect, const TBitmap& Source,
+                        const TRectDouble& SourceRect, TStretchMode Mode);
 
 }  // namespace zav
 
