@@ -1,5 +1,11 @@
 # Installs every library with its headers and the package files that find_package(zavgeo) reads.
+# A build with static and one with shared libraries may be installed to the same place.
 include(CMakePackageConfigHelpers)
+if(BUILD_SHARED_LIBS)
+  set(kind shared)
+else()
+  set(kind static)
+endif()
 
 get_property(libraries GLOBAL PROPERTY ZAVGEO_LIBRARIES)
 foreach(library IN LISTS libraries)
@@ -7,7 +13,8 @@ foreach(library IN LISTS libraries)
           FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zavgeo
           LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 endforeach()
-install(EXPORT zavgeoTargets NAMESPACE zavgeo:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zavgeo)
+install(EXPORT zavgeoTargets FILE zavgeo-${kind}.cmake NAMESPACE zavgeo::
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zavgeo)
 
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/zavgeoConfig.cmake.in ${PROJECT_BINARY_DIR}/zavgeoConfig.cmake

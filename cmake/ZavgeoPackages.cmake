@@ -1,5 +1,5 @@
-# Debian packages: "cpack --config build/release/CPackConfig.cmake" makes zavgeo (the programs) and
-# libzavgeo-dev (headers, libraries to link with, package files), with shared libraries libzavgeo0 too.
+# Debian packages, made by scripts/package: zavgeo (the programs), libzavgeo0 (shared libraries) and
+# libzavgeo-dev (headers, libraries to link with, package files, the plugin for Qt Designer).
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zavgeo)
 set(CPACK_PACKAGE_VENDOR zavgeo)

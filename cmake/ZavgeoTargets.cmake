@@ -59,7 +59,7 @@ endfunction()
 function(zavgeo_test Name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
   set(target zavgeo_${Name}_test)
-  add_executable(${target} ${arg_SOURCES})
+  add_executable(${target} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/tests/support/user_locale.cpp)
   target_link_libraries(${target} PRIVATE zavgeo_options ${arg_LINKS} GTest::gtest_main)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(

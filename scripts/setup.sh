@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of scripts/packages.txt; with --bench those of packages-bench.txt too.
-# Does nothing, and says nothing, when they are there. ZAVGEO_NO_SETUP=1 skips it.
+# Installs the Debian packages of packages.txt, which building needs, and of packages-NAME.txt for each
+# NAME: scripts/setup.sh [test] [bench]. Does nothing, and says nothing, when they are there.
+# ZAVGEO_NO_SETUP=1 skips it.
 set -euo pipefail
 [[ -z "${ZAVGEO_NO_SETUP:-}" ]] || exit 0
 
 here=$(cd "$(dirname "$0")" && pwd)
 lists=("$here/packages.txt")
-if [[ "${1:-}" == --bench ]]; then lists+=("$here/packages-bench.txt"); fi
+for name in "$@"; do lists+=("$here/packages-$name.txt"); done
 mapfile -t packages < <(sed 's/#.*//; s/[[:space:]]//g; /^$/d' "${lists[@]}")
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then

@@ -79,7 +79,7 @@ class CalibrationMenu final : public QMenu {
   QAction* FGraticule = nullptr;
   QLabel* FHint = nullptr;
   bool FGraticuleShown = false;  // by this menu
-  GeoMapWidget::Graticule FGraticuleBefore = GeoMapWidget::Graticule::None;
+  GeoMapWidget::Graticule FGraticuleBefore = GeoMapWidget::Graticule::NoGraticule;
 };
 
 }  // namespace zav

@@ -22,7 +22,7 @@ struct GraticuleName {
 };
 
 constexpr std::array GraticuleNames{
-    GraticuleName{"none", GeoMapWidget::Graticule::None},
+    GraticuleName{"none", GeoMapWidget::Graticule::NoGraticule},
     GraticuleName{"points", GeoMapWidget::Graticule::Points},
     GraticuleName{"lines", GeoMapWidget::Graticule::Lines},
     GraticuleName{"points-and-lines", GeoMapWidget::Graticule::PointsAndLines},

@@ -101,7 +101,7 @@ void ViewMenu::addLook() {
 
   QMenu* Frames = addMenu(tr("F&rame"));
   FFrames = new QActionGroup(this);
-  for (const auto& [Style, Text] : {std::pair{GeoMapWidget::Frame::None, tr("No &Frame")},
+  for (const auto& [Style, Text] : {std::pair{GeoMapWidget::Frame::NoFrame, tr("No &Frame")},
                                     std::pair{GeoMapWidget::Frame::Sunken, tr("&Sunken")},
                                     std::pair{GeoMapWidget::Frame::Raised, tr("&Raised")},
                                     std::pair{GeoMapWidget::Frame::Single, tr("Single &Line")},

@@ -40,6 +40,16 @@ void AddCommands(TProgram& Program) {
   AddDbCommands(Program);
 }
 
+// With what an error of the library came from, such as the reason why a file cannot be written.
+std::string Told(const std::exception& Error) {
+  try {
+    std::rethrow_if_nested(Error);
+  } catch (const std::exception& Cause) {
+    return std::string(Error.what()) + " " + Told(Cause);
+  }
+  return Error.what();
+}
+
 int RunProgram(int Count, char** Arguments) {
   TProgram Program;
   AddCommands(Program);
@@ -67,7 +77,7 @@ int main(int Count, char** Arguments) {
     zav::PrintError(Error.what());
     return 2;
   } catch (const std::exception& Error) {
-    zav::PrintError(Error.what());
+    zav::PrintError(zav::Told(Error));
     return 1;
   }
 }

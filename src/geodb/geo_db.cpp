@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <geodb/geo_db.h>
 
+#include <exception>
+
 #include <geodb/gdb_change.h>
 #include <platform/base/paths.h>
 
@@ -88,7 +90,7 @@ void TGeoDB::PutHeader(const char* Operation, const TgdbSystemData& Header) {
       FStore->PutHeader(Header);
       Change.Commit();
     } catch (const EInOutError&) {
-      Fail(Operation, "cannot open database.");
+      std::throw_with_nested(EZAVGeoDBError(Message(Operation, "cannot open database.")));
     }
   });
 }

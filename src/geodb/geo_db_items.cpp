@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cstring>
+#include <exception>
 
 #include <geodb/gdb_change.h>
 #include <geodb/item_args.h>
@@ -96,7 +97,7 @@ int32_t TGeoDB::AddItem(const TItemArgs& Args) {
       FStore->PutHeader(Header);
     } catch (const EInOutError&) {
       FStore->SetHighestID(Header.HighestID);
-      Fail(Operation, "cannot open database.");
+      std::throw_with_nested(EZAVGeoDBError(Message(Operation, "cannot open database.")));
     }
     Data.ItemId = Header.HighestID;
     WriteBlock(Args, Source, Data);

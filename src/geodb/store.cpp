@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include <platform/base/atomic_file.h>
 #include <platform/base/errors.h>
@@ -57,12 +59,24 @@ void TGdbStore::OpenLocked() {
 }
 
 // In the order in which they are read, so that a process killed between leaves a set that opens. A
-// data file appears whole.
+// data file appears whole; when there cannot be one, the empty files made for it go again.
 void TGdbStore::MakeMissingFiles() {
-  const auto MakeEmpty = [](const std::string& Path) {
+  std::vector<std::string> Made;
+  try {
+    MakeMissingFiles(Made);
+  } catch (...) {
+    if (StampOf(FNames.Data).Size < 0)
+      for (const std::string& Path : Made) FileOps().Remove(Path);
+    throw;
+  }
+}
+
+void TGdbStore::MakeMissingFiles(std::vector<std::string>& Made) {
+  const auto MakeEmpty = [&Made](const std::string& Path) {
     TDbFile File;
     if (File.TryOpen(Path, TFileAccess::Read) == 0) return false;
     File.Open(Path, TFileAccess::UpdateOrCreate);
+    Made.push_back(Path);
     return true;
   };
   for (const size_t i : OrderOfOpening) MakeEmpty(FNames.Index[i]);

@@ -132,6 +132,7 @@ class ZAVGEO_API TGdbStore {
   // store.cpp
   void OpenLocked();
   void MakeMissingFiles();
+  void MakeMissingFiles(std::vector<std::string>& Made);
   void LockForReading(TDbFile& Data) const;
   void Load(const std::string& RecordPath);
   void LoadRecords(const std::string& Path);

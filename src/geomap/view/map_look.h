@@ -39,7 +39,7 @@ struct TMapLook {
   // Whether graticule and grid of a UTM map are drawn in the map's own zone beyond the zone's
   // edges, too. Otherwise each point is taken in the zone it lies in: a graticule line that leaves
   // the zone jumps, and the grid has no eastings when the map's lower corners lie in different
-  // zones.
+  // zones, and it ends too early on a map that begins inside the window.
   bool GratInMapZone = false;
   int32_t UTMGridDist = 0;  // metres, 0 = automatic
 };

@@ -44,17 +44,19 @@ double LinesPerMetre(int32_t UTMGridDist, double Span) {
 // Ends of a grid line, in device pixels, where it crosses the image's opposite edges.
 using TLineEnds = std::array<TPoint, 2>;
 
-// The line is drawn as far as it lies in the area of the whole scaled map at the control's top
-// left, not in the view.
+// The line is drawn as far as it lies on the map with GratInMapZone; else in the area that the
+// whole scaled map has at the control's top left, wherever the view is.
 void DrawClipped(const TRenderScene& Scene, const TLineEnds& Ends, TCanvas& Device) {
   const double Factor = Scene.View.Magnification * Scene.Scale;
+  const TPoint Origin = Scene.Look.GratInMapZone ? Scene.ToDevice(0, 0) : TPoint{0, 0};
   TSLine Line;
   Line.LineFrom2Points(Ends[0].X, Ends[0].Y, Ends[1].X, Ends[1].Y);
   double X1 = 0;
   double Y1 = 0;
   double X2 = 0;
   double Y2 = 0;
-  if (!Line.ClipBox(0, 0, Scene.Map.Width * Factor, Scene.Map.Height * Factor, X1, Y1, X2, Y2)) {
+  if (!Line.ClipBox(Origin.X, Origin.Y, Origin.X + Scene.Map.Width * Factor,
+                    Origin.Y + Scene.Map.Height * Factor, X1, Y1, X2, Y2)) {
     return;
   }
   Device.MoveTo(RoundHalfEven(X1), RoundHalfEven(Y1));

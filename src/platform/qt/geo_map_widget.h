@@ -75,12 +75,12 @@ class ZAVGEO_API GeoMapWidget : public QWidget, private TGeoMapObserver {
 
  public:
   // Values as in TShowGrat, TFrameStyle, TMouseActMode and TCalibModel.
-  enum class Graticule { None, Points, Lines, PointsAndLines, UtmGrid, PointsAndUtmGrid };
+  enum class Graticule { NoGraticule, Points, Lines, PointsAndLines, UtmGrid, PointsAndUtmGrid };
   Q_ENUM(Graticule)
-  enum class Frame { None, Sunken, Raised, Single, Etched };
+  enum class Frame { NoFrame, Sunken, Raised, Single, Etched };
   Q_ENUM(Frame)
   enum class MouseMode {
-    None = 0,
+    NoAction = 0,
     Pan = 1,
     PanHorizontal = 2,
     PanVertical = 3,
@@ -101,6 +101,12 @@ class ZAVGEO_API GeoMapWidget : public QWidget, private TGeoMapObserver {
     Undefined
   };
   Q_ENUM(CalibrationModel)
+
+  // Forms of Qt Designer name enumerators without their type.
+  using enum Graticule;
+  using enum Frame;
+  using enum MouseMode;
+  using enum CalibrationModel;
 
   explicit GeoMapWidget(QWidget* Parent = nullptr);
   ~GeoMapWidget() override;

@@ -78,7 +78,7 @@ TEST_F(CalibrationTest, ABareScanIsCalibratedByClicking) {
   EXPECT_EQ(Document().itemCount(), 24);
   EXPECT_EQ(Widget().calibrationModel(), GeoMapWidget::CalibrationModel::ConicConformal);
   Action("Calibrate")->trigger();
-  EXPECT_EQ(Widget().showGraticule(), GeoMapWidget::Graticule::None);
+  EXPECT_EQ(Widget().showGraticule(), GeoMapWidget::Graticule::NoGraticule);
 }
 
 TEST_F(CalibrationTest, ModelAndZoneChangeEverythingAtOnce) {

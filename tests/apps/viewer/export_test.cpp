@@ -94,7 +94,7 @@ TEST_F(ExportTest, PicturesOfWindowRectangleAndMap) {
                    qAbs(qBlue(View.pixel(X, Y)) - qBlue(Screen.pixel(X, Y))) > 8;
   EXPECT_EQ(Different, 0);
 
-  FWindow->mapWidget().setShowGraticule(GeoMapWidget::Graticule::None);
+  FWindow->mapWidget().setShowGraticule(GeoMapWidget::Graticule::NoGraticule);
   TriggerAndName("The Whole Map...", FFolder.path("whole.bmp"));
   EXPECT_EQ(LoadImageFile(FFolder.path("whole.bmp").toStdString(), TImageKind::ikBmp),
             Map().MapBitmap());

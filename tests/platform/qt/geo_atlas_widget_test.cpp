@@ -113,7 +113,7 @@ TEST_F(GeoAtlasWidgetTest, ButtonsListAndClicksGoToMaps) {
   QTest::mouseClick(Button(1), Qt::LeftButton);
   EXPECT_EQ(TakeTold(), "zoom mode, zoom button");
   EXPECT_FALSE(Button(0)->isChecked());
-  EXPECT_EQ(Widget->mapWidget().mouseMode(), GeoMapWidget::MouseMode::None);
+  EXPECT_EQ(Widget->mapWidget().mouseMode(), GeoMapWidget::MouseMode::NoAction);
   QTest::mouseClick(Button(1), Qt::LeftButton);
   EXPECT_EQ(TakeTold(), "zoom button") << "it was down";
   ClickMap(46, 8, Qt::LeftButton);

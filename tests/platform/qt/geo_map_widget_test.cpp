@@ -96,7 +96,7 @@ TEST_F(GeoMapWidgetTest, PaintsThePictureAtTheScaleOfItsScreen) {
       if (Picture.pixel(Picture.width() - 1, Y) == qRgb(0, 0, 0)) return false;
     return Picture.copy(Grabbed.rect()) == Grabbed;
   };
-  Widget->setFrameStyle(GeoMapWidget::Frame::None);
+  Widget->setFrameStyle(GeoMapWidget::Frame::NoFrame);
   EXPECT_TRUE(IsComplete());
   // The picture is the map: the gradient of the image at that place, within 5 bits a channel.
   const QColor Pixel =
