@@ -1,4 +1,5 @@
-// geoatlas.h - everything of geoatlas: the atlas control, its register of maps, lists of maps.
+/// @file
+/// geoatlas.h - everything of geoatlas: the atlas control, its register of maps, lists of maps.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOATLAS_GEOATLAS_H
 #define ZAV_GEOATLAS_GEOATLAS_H

@@ -1,13 +1,13 @@
-// ellipsoids.h - the catalogue of reference ellipsoids and what follows from two axes.
-//
-// The catalogue holds semi-major and semi-minor axis only; flattenings and eccentricities are
-// always derived from them, so that the table is the one source of an ellipsoid's shape.
-//
-// Source:     axes as published with the national datums in the EPSG geodetic parameter data set
-// and in
-//             DMA TR 8350.2, "Department of Defense World Geodetic System 1984".
-// Convention: a reciprocal flattening of 0 means a sphere; it is never infinite.
-// Units:      metres.
+/// @file
+/// ellipsoids.h - the catalogue of reference ellipsoids and what follows from two axes.
+///
+/// The catalogue holds semi-major and semi-minor axis only; flattenings and eccentricities are
+/// always derived from them, so that the table is the one source of an ellipsoid's shape.
+///
+/// - Source: axes as published with the national datums in the EPSG geodetic parameter data set and
+///   in DMA TR 8350.2, "Department of Defense World Geodetic System 1984".
+/// - Convention: a reciprocal flattening of 0 means a sphere; it is never infinite.
+/// - Units: metres.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOBASICS_ELLIPSOIDS_H
 #define ZAV_GEOBASICS_ELLIPSOIDS_H
@@ -23,83 +23,87 @@
 
 namespace zav {
 
-// Thrown by the functions of geobasics.
+/// Thrown by the functions of geobasics.
 class ZAVGEO_API EZAVGeoBasicsError : public EZAVError {
  public:
   using EZAVError::EZAVError;
 };
 
-enum class THemisphere : uint8_t { hemiNorth = 0, hemiSouth = 1 };
-
-// The ordinals are a contract: tables are indexed by them and new ellipsoids go to the end.
-enum class TGeoEllipsoid : uint8_t {
-  gelWGS84 = 0,
-  gelWGS72,
-  gelWGS66,
-  gelWGS60,
-  gelClrk80RGS,
-  gelClrk66,
-  gelBess41,
-  gelBess41Jap,
-  gelBess41Nam,
-  gelNewInt67,
-  gelInt24,
-  gelEver69,
-  gelEver56,
-  gelEver48,
-  gelEver30Ind,
-  gelEverPak,
-  gelEverest,
-  gelGRS80,
-  gelAiry30,
-  gelModifAiry,
-  gelFish68,
-  gelFish60,
-  gelModifFish60,
-  gelAuNat65,
-  gelKrass40,
-  gelHough60,
-  gelSphere,
-  gelIndo74,
-  gelHelm06,
-  gelSGS85,
-  gelSAm69,
-  gelATS77,
-  gelAuthSph,
-  gelBesselMod,
-  gelCGCS2000,
-  gelClrk58,
-  gelClrk66Mich,
-  gelClrk80,
-  gelClrk80Arc,
-  gelClrk80Benoit,
-  gelClrk80IGN,
-  gelClrk80intfoot,
-  gelClrk80SGA22,
-  gelDan76,
-  gelEver30,
-  gelEver75,
-  gelGEM10C,
-  gelGRS67,
-  gelGRS67Mod,
-  gelHughes80,
-  gelIAG75,
-  gelInt24AuthSph,
-  gelOSU86F,
-  gelOSU91A,
-  gelPlessis17,
-  gelPopVisSphere,
-  gelPZ90,
-  gelStruve60,
-  gelWarOffice,
-  gelHongKong63,
-  gelNahrwan29,
+/// A hemisphere; the equator belongs to the north.
+enum class THemisphere : uint8_t {
+  hemiNorth = 0,  ///< northings from 0 at the equator
+  hemiSouth = 1   ///< northings up to 10000000 at the equator
 };
 
-// Semi-major axis A and semi-minor axis B in metres; equal for a sphere.
+/// The ordinals are a contract: tables are indexed by them and new ellipsoids go to the end.
+enum class TGeoEllipsoid : uint8_t {
+  gelWGS84 = 0,      ///< WGS 1984
+  gelWGS72,          ///< WGS 1972
+  gelWGS66,          ///< WGS 1966
+  gelWGS60,          ///< WGS 1960
+  gelClrk80RGS,      ///< Clarke 1880 RGS
+  gelClrk66,         ///< Clarke 1866
+  gelBess41,         ///< Bessel 1841
+  gelBess41Jap,      ///< Bessel 1841 (Japan)
+  gelBess41Nam,      ///< Bessel 1841 (Namibia)
+  gelNewInt67,       ///< New International 1967
+  gelInt24,          ///< International 1924
+  gelEver69,         ///< Everest 1969 (Malaysia)
+  gelEver56,         ///< Everest 1956 (India)
+  gelEver48,         ///< Everest 1948
+  gelEver30Ind,      ///< Everest 1830 (India 1937 adj.)
+  gelEverPak,        ///< Everest (Pakistan)
+  gelEverest,        ///< Everest (1967 Definition)
+  gelGRS80,          ///< GRS 1980
+  gelAiry30,         ///< Airy 1830
+  gelModifAiry,      ///< Modified Airy
+  gelFish68,         ///< Fisher 1968
+  gelFish60,         ///< Fisher 1960
+  gelModifFish60,    ///< Modified Fisher 1960
+  gelAuNat65,        ///< Australian Nat 1965
+  gelKrass40,        ///< Krassovsky 1940
+  gelHough60,        ///< Hough 1960
+  gelSphere,         ///< Normal Sphere
+  gelIndo74,         ///< Indonesian 1974
+  gelHelm06,         ///< Helmert 1906
+  gelSGS85,          ///< SGS 1985
+  gelSAm69,          ///< South American 1969
+  gelATS77,          ///< ATS77
+  gelAuthSph,        ///< Authalic Sphere
+  gelBesselMod,      ///< Bessel Modified
+  gelCGCS2000,       ///< CGCS2000
+  gelClrk58,         ///< Clarke 1858
+  gelClrk66Mich,     ///< Clarke 1866 Michigan
+  gelClrk80,         ///< Clarke 1880
+  gelClrk80Arc,      ///< Clarke 1880 (Arc)
+  gelClrk80Benoit,   ///< Clarke 1880 (Benoit)
+  gelClrk80IGN,      ///< Clarke 1880 (IGN)
+  gelClrk80intfoot,  ///< Clarke 1880 (international foot)
+  gelClrk80SGA22,    ///< Clarke 1880 (SGA 1922)
+  gelDan76,          ///< Danish 1876
+  gelEver30,         ///< Everest (1830 Definition)
+  gelEver75,         ///< Everest 1830 (1975 Definition)
+  gelGEM10C,         ///< GEM 10C
+  gelGRS67,          ///< GRS 1967
+  gelGRS67Mod,       ///< GRS 1967 Modified
+  gelHughes80,       ///< Hughes 1980
+  gelIAG75,          ///< IAG 1975
+  gelInt24AuthSph,   ///< International 1924 Authalic Sphere
+  gelOSU86F,         ///< OSU86F
+  gelOSU91A,         ///< OSU91A
+  gelPlessis17,      ///< Plessis 1817
+  gelPopVisSphere,   ///< Popular Visualisation Sphere
+  gelPZ90,           ///< PZ-90
+  gelStruve60,       ///< Struve 1860
+  gelWarOffice,      ///< War Office
+  gelHongKong63,     ///< Hong Kong 1963
+  gelNahrwan29,      ///< Nahrwan 1929
+};
+
+/// Semi-major axis A and semi-minor axis B in metres; equal for a sphere.
 struct TEllipsoidAxes {
-  double A = 0;
-  double B = 0;
+  double A = 0;  ///< semi-major, metres
+  double B = 0;  ///< semi-minor, metres
   friend bool operator==(const TEllipsoidAxes&, const TEllipsoidAxes&) = default;
 };
 
@@ -186,47 +190,51 @@ constexpr std::array<T, EllipsoidRows.size()> EllipsoidColumn(Field Of) {
 
 }  // namespace detail
 
+/// Number of rows of the catalogue.
 inline constexpr size_t NumGeoEllipsoids = detail::EllipsoidRows.size();
 static_assert(NumGeoEllipsoids == static_cast<size_t>(TGeoEllipsoid::gelNahrwan29) + 1);
 
-// The three columns of the catalogue, indexed by the ordinal of TGeoEllipsoid: the identifier as
-// text ("gelWGS84"), a name for people ("WGS 1984"), and the axes.
+/// The three columns of the catalogue, indexed by the ordinal of TGeoEllipsoid: the identifier as
+/// text ("gelWGS84"), a name for people ("WGS 1984"), and the axes.
 inline constexpr auto GeoEllipsoidId = detail::EllipsoidColumn<std::string_view>(
     [](const detail::TEllipsoidRow& Row) { return Row.Id; });
+/// Names for people, "WGS 1984".
 inline constexpr auto GeoEllipsoidName = detail::EllipsoidColumn<std::string_view>(
     [](const detail::TEllipsoidRow& Row) { return Row.Name; });
+/// Axes in metres.
 inline constexpr auto GeoEllipsoidData = detail::EllipsoidColumn<TEllipsoidAxes>(
     [](const detail::TEllipsoidRow& Row) { return Row.Axes; });
 
-// The axes of an ellipsoid. An ordinal outside the catalogue is the caller's error; gelWGS84 then.
+/// The axes of an ellipsoid. An ordinal outside the catalogue is the caller's error; gelWGS84 then.
 constexpr const TEllipsoidAxes& AxesOf(TGeoEllipsoid Ellipsoid) noexcept {
   const auto Row = static_cast<size_t>(Ellipsoid);
   return GeoEllipsoidData[Row < NumGeoEllipsoids ? Row : 0];
 }
 
-// Finds an ellipsoid by its identifier, upper and lower case alike; nothing when there is none.
+/// Finds an ellipsoid by its identifier, upper and lower case alike; nothing when there is none.
 ZAVGEO_API std::optional<TGeoEllipsoid> FindGeoEllipsoid(std::string_view Id) noexcept;
-// The same; gelWGS84 for an unknown identifier.
+/// The same; gelWGS84 for an unknown identifier.
 ZAVGEO_API TGeoEllipsoid GeoEllipsoidFromId(std::string_view Id) noexcept;
 
-// First eccentricity squared, 1 - B*B/(A*A).
+/// First eccentricity squared, 1 - B*B/(A*A).
 ZAVGEO_API double GeoEllEccSquared(TGeoEllipsoid Ellipsoid) noexcept;
-// The same from two axes in either order.
+/// The same from two axes in either order.
 ZAVGEO_API double GeoEllEccSquared(double A, double B) noexcept;
-// The same from the reciprocal flattening; 0 for a sphere.
+/// The same from the reciprocal flattening; 0 for a sphere.
 ZAVGEO_API double GeoEllEccSquared(double RecipFlat) noexcept;
 
-// Reciprocal flattening 1/f with f = 1 - B/A; 0 for a sphere.
+/// Reciprocal flattening 1/f with f = 1 - B/A; 0 for a sphere.
 ZAVGEO_API double RecipFlattening(TGeoEllipsoid Ellipsoid) noexcept;
+/// The same from two axes; 0 where they are equal.
 ZAVGEO_API double RecipFlattening(double A, double B) noexcept;
-// The same from the eccentricity squared; quiet NaN outside 0..1. Never throws.
+/// The same from the eccentricity squared; quiet NaN outside 0..1. Never throws.
 ZAVGEO_API double RecipFlattening(double EccSquared) noexcept;
 
-// Semi-minor axis from the semi-major axis and the reciprocal flattening.
-// Throws EZAVGeoBasicsError "invalid reciprocal flattening" when RecipFlat is negative.
+/// Semi-minor axis from the semi-major axis and the reciprocal flattening.
+/// Throws EZAVGeoBasicsError "invalid reciprocal flattening" when RecipFlat is negative.
 ZAVGEO_API double EllipsoidMinAxFlat(double MajAx, double RecipFlat);
-// Semi-minor axis from the semi-major axis and the eccentricity squared; NaN when that is above 1.
-// Throws EZAVGeoBasicsError "invalid eccentricity" when EccSquared is negative.
+/// Semi-minor axis from the semi-major axis and the eccentricity squared; NaN when that is above 1.
+/// Throws EZAVGeoBasicsError "invalid eccentricity" when EccSquared is negative.
 ZAVGEO_API double EllipsoidMinAxEcc(double MajAx, double EccSquared);
 
 }  // namespace zav

@@ -1,5 +1,6 @@
-// geobasics.h - everything of geobasics: ellipsoids, countries, datums, cartesian coordinates,
-// distances, Transverse Mercator, UTM, UPS and MGRS, positions as text.
+/// @file
+/// geobasics.h - everything of geobasics: ellipsoids, countries, datums, cartesian coordinates,
+/// distances, Transverse Mercator, UTM, UPS and MGRS, positions as text.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOBASICS_GEOBASICS_H
 #define ZAV_GEOBASICS_GEOBASICS_H

@@ -1,4 +1,5 @@
-// geodb.h - everything of the geographic database.
+/// @file
+/// geodb.h - everything of the geographic database.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEODB_GEODB_H
 #define ZAV_GEODB_GEODB_H

@@ -1,7 +1,8 @@
-// raw_array.h - an array of plain records that grows without copying and is read without clearing.
-//
-// A database of a million items holds 160 megabytes of records. std::vector would write all of them
-// twice when they are read from a file, and hold them twice while it grows.
+/// @file
+/// raw_array.h - an array of plain records that grows without copying and is read without clearing.
+///
+/// A database of a million items holds 160 megabytes of records. std::vector would write all of
+/// them twice when they are read from a file, and hold them twice while it grows.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEODB_RAW_ARRAY_H
 #define ZAV_GEODB_RAW_ARRAY_H
@@ -18,68 +19,77 @@
 
 namespace zav {
 
-// Memory of at least a few megabytes comes in large pages where the system has them.
+/// Memory of at least a few megabytes comes in large pages where the system has them.
 ZAVGEO_API void* ReallocateRaw(void* Memory, size_t NewBytes);
 
-// Has the part of std::vector's manners that is needed here. Throws std::bad_alloc.
+/// Has the part of std::vector's manners that is needed here. Throws std::bad_alloc.
 template <class T>
 class TRawArray {
   static_assert(std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>);
 
  public:
+  /// As in std::vector.
   using value_type = T;
 
   TRawArray() = default;
+  /// The items in their order.
   TRawArray(std::initializer_list<T> Items) { append(Items.begin(), Items.size()); }
+  /// A copy of all items.
   TRawArray(const TRawArray& Other) { append(Other.data(), Other.size()); }
+  /// Takes the items; Other is empty then.
   TRawArray(TRawArray&& Other) noexcept { swap(Other); }
+  /// Takes the items of a copy, or of what is moved here.
   TRawArray& operator=(TRawArray Other) noexcept {
     swap(Other);
     return *this;
   }
   ~TRawArray() { std::free(FItems); }
 
-  size_t size() const noexcept { return FSize; }
-  bool empty() const noexcept { return FSize == 0; }
-  T* data() noexcept { return FItems; }
-  const T* data() const noexcept { return FItems; }
-  T* begin() noexcept { return FItems; }
-  T* end() noexcept { return FItems + FSize; }
-  const T* begin() const noexcept { return FItems; }
-  const T* end() const noexcept { return FItems + FSize; }
-  T& operator[](size_t Index) noexcept { return FItems[Index]; }
-  const T& operator[](size_t Index) const noexcept { return FItems[Index]; }
-  T& back() noexcept { return FItems[FSize - 1]; }
-  const T& back() const noexcept { return FItems[FSize - 1]; }
+  size_t size() const noexcept { return FSize; }                  ///< items
+  bool empty() const noexcept { return FSize == 0; }              ///< whether there is none
+  T* data() noexcept { return FItems; }                           ///< the items side by side
+  const T* data() const noexcept { return FItems; }               ///< the items side by side
+  T* begin() noexcept { return FItems; }                          ///< the first item
+  T* end() noexcept { return FItems + FSize; }                    ///< behind the last item
+  const T* begin() const noexcept { return FItems; }              ///< the first item
+  const T* end() const noexcept { return FItems + FSize; }        ///< behind the last item
+  T& operator[](size_t Index) noexcept { return FItems[Index]; }  ///< not checked
+  const T& operator[](size_t Index) const noexcept { return FItems[Index]; }  ///< not checked
+  T& back() noexcept { return FItems[FSize - 1]; }                            ///< not checked
+  const T& back() const noexcept { return FItems[FSize - 1]; }                ///< not checked
 
-  void clear() noexcept { FSize = 0; }
-  // Gives the memory back, too.
+  void clear() noexcept { FSize = 0; }  ///< no items; the memory stays
+  /// Gives the memory back, too.
   void release() noexcept { TRawArray().swap(*this); }
+  /// Makes room for so many items.
   void reserve(size_t Size) {
     if (Size > FCapacity) Grow(std::max(Size, FCapacity + FCapacity / 2));
   }
-  // New items are as T() makes them.
+  /// New items are as T() makes them.
   void resize(size_t Size) {
     const size_t Old = FSize;
     resize_raw(Size);
     for (size_t i = Old; i < Size; ++i) FItems[i] = T();
   }
-  // New items are to be written before they are read.
+  /// New items are to be written before they are read.
   void resize_raw(size_t Size) {
     if (Size > FCapacity) Grow(FSize == 0 ? Size : std::max(Size, FCapacity + FCapacity / 2));
     FSize = Size;
   }
+  /// Appends an item.
   void push_back(const T& Item) {
     const T Copy = Item;  // may lie in this array
     resize_raw(FSize + 1);
     FItems[FSize - 1] = Copy;
   }
-  void pop_back() noexcept { --FSize; }
+  void pop_back() noexcept { --FSize; }  ///< not checked
+  /// Appends Count items, which must not lie in this array.
   void append(const T* Items, size_t Count) {
     const size_t Old = FSize;
     resize_raw(Old + Count);
     std::copy_n(Items, Count, FItems + Old);
   }
+  /// Exchanges the items.
   void swap(TRawArray& Other) noexcept {
     std::swap(FItems, Other.FItems);
     std::swap(FSize, Other.FSize);

@@ -1,4 +1,5 @@
-// errors.h - the error of the map unit.
+/// @file
+/// errors.h - the error of the map unit.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_ERRORS_H
 #define ZAV_GEOMAP_ERRORS_H
@@ -8,7 +9,7 @@
 
 namespace zav {
 
-// Thrown by maps, calibrations and their files.
+/// Thrown by maps, calibrations and their files.
 class ZAVGEO_API EZAVGeoMapError : public EZAVError {
  public:
   using EZAVError::EZAVError;

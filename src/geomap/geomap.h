@@ -1,4 +1,5 @@
-// geomap.h - everything of the map unit that applications use.
+/// @file
+/// geomap.h - everything of the map unit that applications use.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_GEOMAP_H
 #define ZAV_GEOMAP_GEOMAP_H

@@ -1,11 +1,12 @@
-// name_index.h - names of items, found without regard to case and accents.
-//
-// Names are compared in the form that SearchKey gives (platform/base/text.h). These keys lie sorted
-// in one block of memory: a prefix is found by bisection, a part by looking through the block. New
-// names wait in a list of their own, removed ones are marked, until so many have changed that the
-// block is made anew.
-//
-// Searches change nothing, so several threads may search at once while none changes the index.
+/// @file
+/// name_index.h - names of items, found without regard to case and accents.
+///
+/// Names are compared in the form that SearchKey gives (platform/base/text.h). These keys lie
+/// sorted in one block of memory: a prefix is found by bisection, a part by looking through the
+/// block. New names wait in a list of their own, removed ones are marked, until so many have
+/// changed that the block is made anew.
+///
+/// Searches change nothing, so several threads may search at once while none changes the index.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEODB_SEARCH_NAME_INDEX_H
 #define ZAV_GEODB_SEARCH_NAME_INDEX_H
@@ -21,31 +22,37 @@
 
 namespace zav {
 
-// What of a name must be the searched text.
-enum class TNameMatch { nmWhole, nmPrefix, nmPart };
+/// What of a name must be the searched text.
+enum class TNameMatch {
+  nmWhole,   ///< all of it
+  nmPrefix,  ///< its beginning
+  nmPart     ///< any part of it
+};
 
+/// Names with identifiers.
 class ZAVGEO_API TNameIndex {
  public:
-  // Gives the next item; false when there are no more. The name must stay until the next call.
+  /// Gives the next item; false when there are no more. The name must stay until the next call.
   using TNextName = std::function<bool(int32_t& Id, std::string_view& Name)>;
 
-  // Forgets all items and takes these. Faster than adding them one by one. Items without a name are
-  // left out here and in Insert: no search finds them.
+  /// Forgets all items and takes these. Faster than adding them one by one. Items without a name
+  /// are left out here and in Insert: no search finds them.
   void Assign(const TNextName& Next);
+  /// Forgets all items.
   void Clear();
 
-  // Identifiers may be any number, and need not differ.
+  /// Identifiers may be any number, and need not differ.
   void Insert(int32_t Id, std::string_view Name);
-  // Takes out one item with this identifier and a name of the same key; false when there is none.
+  /// Takes out one item with this identifier and a name of the same key; false when there is none.
   bool Remove(int32_t Id, std::string_view Name);
 
-  // The number of items with a name.
+  /// The number of items with a name.
   size_t Count() const noexcept;
-  // Bytes of memory in use.
+  /// Bytes of memory in use.
   size_t MemoryUsed() const noexcept;
 
-  // The items whose names match Text, sorted by key and identifier; at most Limit. An empty text
-  // finds nothing.
+  /// The items whose names match Text, sorted by key and identifier; at most Limit. An empty text
+  /// finds nothing.
   std::vector<int32_t> Find(std::string_view Text, TNameMatch Match, size_t Limit = SIZE_MAX) const;
 
  private:

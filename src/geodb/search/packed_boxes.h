@@ -1,9 +1,10 @@
-// packed_boxes.h - a tree of boxes that is built once.
-//
-// The items lie in the order in which a Hilbert curve passes the middles of their boxes, so
-// neighbours in the order are neighbours on the map (I. Kamel and C. Faloutsos, On Packing R-trees,
-// Proceedings of CIKM 1993). Sixteen of them form a node, sixteen nodes a node of the level above.
-// The place of an item follows from its box, so removing needs no table of places.
+/// @file
+/// packed_boxes.h - a tree of boxes that is built once.
+///
+/// The items lie in the order in which a Hilbert curve passes the middles of their boxes, so
+/// neighbours in the order are neighbours on the map (I. Kamel and C. Faloutsos, On Packing
+/// R-trees, Proceedings of CIKM 1993). Sixteen of them form a node, sixteen nodes a node of the
+/// level above. The place of an item follows from its box, so removing needs no table of places.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEODB_SEARCH_PACKED_BOXES_H
 #define ZAV_GEODB_SEARCH_PACKED_BOXES_H
@@ -20,22 +21,27 @@
 
 namespace zav {
 
-// Vectors of the compiler (GCC and Clang): arithmetic on four numbers at once.
+/// Vectors of the compiler (GCC and Clang): arithmetic on four numbers at once.
 using TFourFloats = float __attribute__((vector_size(16)));
+/// Four whole numbers.
 using TFourWords = int32_t __attribute__((vector_size(16)));
 
+/// An item and its box.
 struct TBoxEntry {
-  int32_t Id = 0;
-  TGeoBox Box;
+  int32_t Id = 0;  ///< of the item
+  TGeoBox Box;     ///< of the item
   friend bool operator==(const TBoxEntry&, const TBoxEntry&) = default;
 };
 
-// Boxes that a closed point list around a position can have; see TBoxTree::VisitAround.
+/// Boxes that a closed point list around a position can have; see TBoxTree::VisitAround.
 class TPositionTest {
  public:
+  /// Degrees; a position that is not finite meets nothing.
   TPositionTest(double Lat, double Long) noexcept : FPosition(TGeoRegion{Lat, Long, Lat, Long}) {}
+  /// Whether no box can pass.
   bool IsEmpty() const noexcept { return FPosition.IsEmpty(); }
   template <class T>
+  /// Whether a box passes; for single numbers and for vectors of four.
   auto Meets(T LatLow, T LatHigh, T LongLow, T LongHigh) const noexcept {
     return (LongHigh - LongLow > 180.0F) | FPosition.Meets(LatLow, LatHigh, LongLow, LongHigh);
   }
@@ -44,17 +50,22 @@ class TPositionTest {
   TRegionTest FPosition;
 };
 
+/// The tree. Items can be taken out, not added.
 class ZAVGEO_API TPackedBoxes {
  public:
-  // Sixteen boxes. Unused ones are NaN, which passes no test.
+  /// Sixteen boxes. Unused ones are NaN, which passes no test.
   struct alignas(64) TNode {
-    static constexpr size_t Size = 16;
-    std::array<float, Size> LatLow, LatHigh, LongLow, LongHigh;
+    static constexpr size_t Size = 16;  ///< boxes in a node
+    std::array<float, Size> LatLow;     ///< southern edges, degrees
+    std::array<float, Size> LatHigh;    ///< northern edges
+    std::array<float, Size> LongLow;    ///< western edges
+    std::array<float, Size> LongHigh;   ///< eastern edges
 
+    /// One of the boxes.
     TGeoBox Box(size_t Index) const {
       return {LatLow[Index], LatHigh[Index], LongLow[Index], LongHigh[Index]};
     }
-    // A bit for each box that passes the test, the lowest for the first; four boxes at a time.
+    /// A bit for each box that passes the test, the lowest for the first; four boxes at a time.
     template <class TTest>
     uint32_t Passing(const TTest& Test) const noexcept {
       TFourWords Passed{};
@@ -73,32 +84,36 @@ class ZAVGEO_API TPackedBoxes {
     }
   };
 
-  // Entries must have boxes that are not empty.
+  /// Entries must have boxes that are not empty.
   explicit TPackedBoxes(const std::vector<TBoxEntry>& Entries);
 
-  // Items that were not removed, and those that were.
+  /// Items that were not removed, and those that were.
   size_t Count() const noexcept { return FIds.size() - FRemoved; }
-  size_t Removed() const noexcept { return FRemoved; }
+  size_t Removed() const noexcept { return FRemoved; }  ///< items that were
+  /// Bytes of memory in use.
   size_t MemoryUsed() const noexcept;
 
-  // Marks one item with this identifier and box as removed; false when there is none.
+  /// Marks one item with this identifier and box as removed; false when there is none.
   bool Remove(const TBoxEntry& Entry);
-  // Appends the items that were not removed.
+  /// Appends the items that were not removed.
   void AppendTo(std::vector<TBoxEntry>& Entries) const;
 
-  // Calls Visit(Id) -> bool for each item whose box passes the test; false ends it and is returned.
-  // The test must let every box pass that encloses one that passes.
+  /// Calls Visit(Id) -> bool for each item whose box passes the test; false ends it and is
+  /// returned. The test must let every box pass that encloses one that passes.
   template <class TTest, class TVisit>
   bool Visit(const TTest& Test, TVisit& Visit) const {
     return VisitNode(FLevels.size() - 1, 0, Test, Visit);
   }
 
-  // For searches of other orders: levels from the items (0) up, and the nodes of a level. The boxes
-  // of node N of a level are those of the nodes N * 16 to N * 16 + 15 of the level below, or of the
-  // items with these numbers.
+  /// For searches of other orders: levels from the items (0) up, and the nodes of a level. The
+  /// boxes of node N of a level are those of the nodes N * 16 to N * 16 + 15 of the level below, or
+  /// of the items with these numbers.
   size_t TopLevel() const noexcept { return FLevels.size() - 1; }
+  /// A node, not checked.
   const TNode& Node(size_t Level, size_t Index) const { return FNodes[FLevels[Level] + Index]; }
+  /// The identifier of an item, not checked.
   int32_t Id(size_t Item) const { return FIds[Item]; }
+  /// Whether there is such an item and it was not removed.
   bool IsAlive(size_t Item) const {
     return Item < FIds.size() && (FDead.empty() || (FDead[Item / 64] >> Item % 64 & 1) == 0);
   }

@@ -1,11 +1,12 @@
-// ring_test.h - whether a closed point list contains a position.
-//
-// Points are joined by straight lines on a map whose axes are degrees, the last with the first. A
-// line takes the shorter way around the globe, so a list may cross 180 degrees. Where lines cross
-// themselves, a position is inside when a line from it to the pole crosses an odd number of them.
-//
-// A list that goes once around the globe holds the pole on its side of the equator (by the mean of
-// its lowest and highest latitude).
+/// @file
+/// ring_test.h - whether a closed point list contains a position.
+///
+/// Points are joined by straight lines on a map whose axes are degrees, the last with the first. A
+/// line takes the shorter way around the globe, so a list may cross 180 degrees. Where lines cross
+/// themselves, a position is inside when a line from it to the pole crosses an odd number of them.
+///
+/// A list that goes once around the globe holds the pole on its side of the equator (by the mean of
+/// its lowest and highest latitude).
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEODB_SEARCH_RING_TEST_H
 #define ZAV_GEODB_SEARCH_RING_TEST_H
@@ -16,17 +17,17 @@
 
 namespace zav {
 
-// Takes the points of a list one by one, so that it need not be in memory.
+/// Takes the points of a list one by one, so that it need not be in memory.
 class ZAVGEO_API TRingTest {
  public:
-  // The position that is asked for, in degrees; the longitude may be off by any turns.
+  /// The position that is asked for, in degrees; the longitude may be off by any turns.
   TRingTest(double Lat, double Long) noexcept;
 
-  // The next point, in degrees. Points that are not finite give a list that may contain anything.
+  /// The next point, in degrees. Points that are not finite give a list that may contain anything.
   void Add(double Lat, double Long) noexcept;
 
-  // Whether the list of the points so far contains the position. Points and lines belong to the
-  // list; a list of no points contains nothing. More points may be added afterwards.
+  /// Whether the list of the points so far contains the position. Points and lines belong to the
+  /// list; a list of no points contains nothing. More points may be added afterwards.
   bool Contains() const noexcept;
 
  private:
@@ -53,7 +54,7 @@ class ZAVGEO_API TRingTest {
   TCrossings FCrossings;
 };
 
-// The same for a whole list of points with members Latit and Longit.
+/// The same for a whole list of points with members Latit and Longit.
 template <class TPoints>
 bool RingContains(const TPoints& Points, double Lat, double Long) noexcept {
   TRingTest Test(Lat, Long);

@@ -1,10 +1,11 @@
-// svd.h - linear least squares by singular value decomposition.
-//
-// Method: Householder bidiagonalisation and implicit-shift QR iteration, with accumulation of both
-//         transformations.
-// Source: G. H. Golub, C. Reinsch, "Singular value decomposition and least squares solutions",
-//         Numerische Mathematik 14 (1970) 403-420.
-// Knows nothing of maps. A system of too low a rank has the solution of least norm.
+/// @file
+/// svd.h - linear least squares by singular value decomposition.
+///
+/// - Method: Householder bidiagonalisation and implicit-shift QR iteration, with accumulation of
+///   both transformations.
+/// - Source: G. H. Golub, C. Reinsch, "Singular value decomposition and least squares solutions",
+///   Numerische Mathematik 14 (1970) 403-420. Knows nothing of maps. A system of too low a rank has
+///   the solution of least norm.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_CALIBRATION_SVD_H
 #define ZAV_GEOMAP_CALIBRATION_SVD_H
@@ -18,24 +19,24 @@
 
 namespace zav {
 
-// A = U diag(W) V^T. Made once for a design matrix, it solves for any number of right-hand sides.
+/// A = U diag(W) V^T. Made once for a design matrix, it solves for any number of right-hand sides.
 class ZAVGEO_API TSingularValues {
  public:
-  // Decomposes A: one row an equation, one column an unknown; fewer rows than columns are allowed.
-  // Singular values below 1e-14 times the largest are set to 0. Counts one step of Progress before
-  // each column that is reduced and before each singular value that is iterated. False, and nothing
-  // to solve with, when the progress is aborted, when 30 iterations do not settle a singular value,
-  // or when A holds a value that is not finite.
+  /// Decomposes A: one row an equation, one column an unknown; fewer rows than columns are allowed.
+  /// Singular values below 1e-14 times the largest are set to 0. Counts one step of Progress before
+  /// each column that is reduced and before each singular value that is iterated. False, and
+  /// nothing to solve with, when the progress is aborted, when 30 iterations do not settle a
+  /// singular value, or when A holds a value that is not finite.
   bool Decompose(const TMatrix& A, TProgress& Progress = DefaultProgress());
 
-  // Least-squares solution for the right-hand side B, one value a row of A. X gets one value a
-  // column.
+  /// Least-squares solution for the right-hand side B, one value a row of A. X gets one value a
+  /// column.
   void Solve(const TVector& B, TVector& X) const;
-  // Standard deviation of each unknown for right-hand sides of unit variance.
+  /// Standard deviation of each unknown for right-hand sides of unit variance.
   void StandardDeviations(TVector& S) const;
-  // Whether a singular value was set to 0.
+  /// Whether a singular value was set to 0.
   bool Singular() const noexcept { return FSingular; }
-  // In no particular order.
+  /// In no particular order.
   const std::vector<double>& Values() const noexcept { return FW; }
 
  private:
@@ -65,9 +66,9 @@ class ZAVGEO_API TSingularValues {
   bool FSingular = false;
 };
 
-// Solves A X = B in the least-squares sense. Fills S, when given, with the standard deviation of
-// each unknown, and Singular with whether singular values were dropped. False, and the outputs
-// unchanged, when the decomposition fails; see TSingularValues::Decompose.
+/// Solves A X = B in the least-squares sense. Fills S, when given, with the standard deviation of
+/// each unknown, and Singular with whether singular values were dropped. False, and the outputs
+/// unchanged, when the decomposition fails; see TSingularValues::Decompose.
 ZAVGEO_API bool MultiLinRegSVD(const TMatrix& A, const TVector& B, TVector& X, TVector* S,
                                bool& Singular, TProgress& Progress = DefaultProgress());
 

@@ -1,8 +1,9 @@
-// symbol_stamps.h - symbols drawn once and then put down many times.
-//
-// A map shows thousands of symbols of a few shapes. Each shape is drawn once, by
-// DrawSymbolShape, on a bitmap of its own, and kept as runs of pixels; putting these down gives the
-// very pixels that drawing would give, many times faster.
+/// @file
+/// symbol_stamps.h - symbols drawn once and then put down many times.
+///
+/// A map shows thousands of symbols of a few shapes. Each shape is drawn once, by DrawSymbolShape,
+/// on a bitmap of its own, and kept as runs of pixels; putting these down gives the very pixels
+/// that drawing would give, many times faster.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_GEOMAP_LANDMARKS_SYMBOL_STAMPS_H
 #define ZAV_GEOMAP_LANDMARKS_SYMBOL_STAMPS_H
@@ -18,10 +19,11 @@
 
 namespace zav {
 
+/// Drawn symbols, kept by shape and scale.
 class ZAVGEO_API TSymbolStamps {
  public:
-  // Draws a symbol about a pixel of the bitmap, Scale times larger than its size says, with solid
-  // pen and brush. Very large symbols are not kept.
+  /// Draws a symbol about a pixel of the bitmap, Scale times larger than its size says, with solid
+  /// pen and brush. Very large symbols are not kept.
   void Draw(TBitmap& Target, TPoint Center, const TSymbolProperties& Symbol, double Scale);
 
  private:

@@ -1,7 +1,8 @@
-// matrix.h - dense matrices and vectors of doubles, numbered from 1.
-//
-// Values: they are copied whole and compared element by element. An element outside the matrix
-// reads as 0 and is not written. Sizes below 0 count as 0.
+/// @file
+/// matrix.h - dense matrices and vectors of doubles, numbered from 1.
+///
+/// Values: they are copied whole and compared element by element. An element outside the matrix
+/// reads as 0 and is not written. Sizes below 0 count as 0.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_BASE_MATRIX_H
 #define ZAV_PLATFORM_BASE_MATRIX_H
@@ -14,26 +15,33 @@
 
 namespace zav {
 
+/// A matrix of numbers, 0 x 0 at first.
 class ZAVGEO_API TMatrix {
  public:
   TMatrix() = default;
+  /// All elements are 0.
   TMatrix(int32_t Columns, int32_t Rows) { Resize(Columns, Rows); }
 
-  // Gives the matrix a new size; all elements become 0.
+  /// Gives the matrix a new size; all elements become 0.
   void Resize(int32_t Columns, int32_t Rows);
+  /// Columns, 0 or more.
   int32_t NumColumns() const noexcept { return FColumns; }
+  /// Rows, 0 or more.
   int32_t NumRows() const noexcept { return FRows; }
 
+  /// An element; 0 outside the matrix.
   double GetVal(int32_t Column, int32_t Row) const noexcept;
+  /// Sets an element; outside the matrix nothing happens.
   void SetVal(int32_t Column, int32_t Row, double Value) noexcept;
-  // Sets every element.
+  /// Sets every element.
   void Fill(double Value) noexcept;
-  // Becomes a copy of Source, size included.
+  /// Becomes a copy of Source, size included.
   void Clone(const TMatrix& Source) { *this = Source; }
 
-  // The NumColumns() elements of a row, side by side; the next row follows them. Not checked:
-  // 1 <= Row <= NumRows().
+  /// The NumColumns() elements of a row, side by side; the next row follows them. Not checked:
+  /// 1 <= Row <= NumRows().
   double* RowData(int32_t Row) noexcept { return FValues.data() + Offset(1, Row); }
+  /// The same for reading.
   const double* RowData(int32_t Row) const noexcept { return FValues.data() + Offset(1, Row); }
 
   friend bool operator==(const TMatrix&, const TMatrix&) = default;
@@ -52,20 +60,26 @@ class ZAVGEO_API TMatrix {
   std::vector<double> FValues;
 };
 
+/// A vector of numbers, empty at first.
 class ZAVGEO_API TVector {
  public:
   TVector() = default;
+  /// All elements are 0.
   explicit TVector(int32_t Size) { SetVecSize(Size); }
 
-  // Gives the vector a new size; all elements become 0.
+  /// Gives the vector a new size; all elements become 0.
   void SetVecSize(int32_t Size);
+  /// Elements, 0 or more.
   int32_t Size() const noexcept { return static_cast<int32_t>(FValues.size()); }
 
+  /// An element; 0 outside the vector.
   double GetVal(int32_t Index) const noexcept;
+  /// Sets an element; outside the vector nothing happens.
   void SetVal(int32_t Index, double Value) noexcept;
 
-  // The elements side by side.
+  /// The elements side by side.
   double* Data() noexcept { return FValues.data(); }
+  /// The same for reading.
   const double* Data() const noexcept { return FValues.data(); }
 
   friend bool operator==(const TVector&, const TVector&) = default;

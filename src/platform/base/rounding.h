@@ -1,4 +1,5 @@
-// rounding.h - the one rounding of this library: to the nearest whole number, ties to even.
+/// @file
+/// rounding.h - the one rounding of this library: to the nearest whole number, ties to even.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_BASE_ROUNDING_H
 #define ZAV_PLATFORM_BASE_ROUNDING_H
@@ -9,8 +10,8 @@
 
 namespace zav {
 
-// Rounds Value half to even. Values beyond the range of the result stop at its ends, NaN gives 0.
-// Relies on the default floating-point rounding mode, which nothing in this library changes.
+/// Rounds Value half to even. Values beyond the range of the result stop at its ends, NaN gives 0.
+/// Relies on the default floating-point rounding mode, which nothing in this library changes.
 inline int32_t RoundHalfEven(double Value) noexcept {
   constexpr double Low = std::numeric_limits<int32_t>::min();
   constexpr double High = std::numeric_limits<int32_t>::max();

@@ -1,4 +1,5 @@
-// qt.h - all of the Qt adapter.
+/// @file
+/// qt.h - all of the Qt adapter.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_QT_QT_H
 #define ZAV_PLATFORM_QT_QT_H

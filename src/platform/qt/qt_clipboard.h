@@ -1,4 +1,5 @@
-// qt_clipboard.h - the clipboard of the desktop.
+/// @file
+/// qt_clipboard.h - the clipboard of the desktop.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_QT_QT_CLIPBOARD_H
 #define ZAV_PLATFORM_QT_QT_CLIPBOARD_H
@@ -8,9 +9,10 @@
 
 namespace zav {
 
+/// Puts pictures on the desktop's clipboard.
 class ZAVGEO_API TQtClipboard final : public TClipboard {
  public:
-  // Throws EZAVError when there is no QGuiApplication.
+  /// Throws EZAVError when there is no QGuiApplication.
   void SetBitmap(const TBitmap& Bitmap) override;
 };
 

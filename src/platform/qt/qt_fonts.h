@@ -1,9 +1,9 @@
-// qt_fonts.h - text as masks of coverage, by Qt's fonts.
-//
-// Texts look the same on every machine: the faces are built into the library (see fonts/README.md),
-// with full hinting, no kerning and no smoothing. Only characters that those faces lack (Chinese,
-// Arabic,
-// ...) come from whichever installed face has them.
+/// @file
+/// qt_fonts.h - text as masks of coverage, by Qt's fonts.
+///
+/// Texts look the same on every machine: the faces are built into the library (see
+/// fonts/README.md), with full hinting, no kerning and no smoothing. Only characters that those
+/// faces lack (Chinese, Arabic, ...) come from whichever installed face has them.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_QT_QT_FONTS_H
 #define ZAV_PLATFORM_QT_QT_FONTS_H
@@ -22,13 +22,14 @@
 
 namespace zav {
 
-// One thread at a time. A family that is not installed, and "MS Sans Serif", is drawn with the
-// built-in face. Bytes that are no UTF-8 are shown as Windows-1252, control characters as blanks.
+/// One thread at a time. A family that is not installed, and "MS Sans Serif", is drawn with the
+/// built-in face. Bytes that are no UTF-8 are shown as Windows-1252, control characters as blanks.
 class ZAVGEO_API TQtFontEngine final : public TFontEngine {
  public:
-  // Both throw EZAVError when there is no QGuiApplication, without which Qt has no fonts.
+  /// Throws EZAVError when there is no QGuiApplication, without which Qt has no fonts.
   TSize TextExtent(const TFont& Font, std::string_view Text) override;
-  // An area of more than 32 million pixels (an absurd size) gives an empty mask.
+  /// An area of more than 32 million pixels (an absurd size) gives an empty mask. Throws as
+  /// TextExtent does.
   TTextMask RenderText(const TFont& Font, std::string_view Text) override;
 
  private:
@@ -48,11 +49,11 @@ class ZAVGEO_API TQtFontEngine final : public TFontEngine {
   size_t FMaskBytes = 0;
 };
 
-// The face of a font for pages: the same faces, as outlines without hinting. Sizes are pixels of
-// the page as they are pixels of the screen (8 points are 10.7). Throws EZAVError when there is no
-// QGuiApplication.
+/// The face of a font for pages: the same faces, as outlines without hinting. Sizes are pixels of
+/// the page as they are pixels of the screen (8 points are 10.7). Throws EZAVError when there is no
+/// QGuiApplication.
 ZAVGEO_API QFont PageFont(const TFont& Font);
-// Text as it is drawn: one line, no tabs, control characters as blanks.
+/// Text as it is drawn: one line, no tabs, control characters as blanks.
 ZAVGEO_API QString PrintableText(std::string_view Text);
 
 }  // namespace zav

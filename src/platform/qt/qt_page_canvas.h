@@ -1,9 +1,10 @@
-// qt_page_canvas.h - a canvas on a page: lines stay lines and text stays text.
-//
-// What canvas.h says of pixels holds as far as a page has any: positions are printer pixels, a line
-// runs through the middle of its pixels. Text is set in the faces that the screen uses, as outlines
-// that are not hinted. There is no exclusive-or: such pens draw in their own colour, white ones,
-// which would not be seen on paper, in black.
+/// @file
+/// qt_page_canvas.h - a canvas on a page: lines stay lines and text stays text.
+///
+/// What canvas.h says of pixels holds as far as a page has any: positions are printer pixels, a
+/// line runs through the middle of its pixels. Text is set in the faces that the screen uses, as
+/// outlines that are not hinted. There is no exclusive-or: such pens draw in their own colour,
+/// white ones, which would not be seen on paper, in black.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_QT_QT_PAGE_CANVAS_H
 #define ZAV_PLATFORM_QT_QT_PAGE_CANVAS_H
@@ -17,10 +18,11 @@ class QPolygonF;
 
 namespace zav {
 
+/// Draws with a painter on whatever pages it paints on.
 class ZAVGEO_API TQtPageCanvas final : public TCanvas {
  public:
-  // A canvas whose (0, 0) is the top left corner of Area, in the painter's own pixels. The painter
-  // must outlive it and gets its state back when the canvas dies.
+  /// A canvas whose (0, 0) is the top left corner of Area, in the painter's own pixels. The painter
+  /// must outlive it and gets its state back when the canvas dies.
   TQtPageCanvas(QPainter& Painter, const TRect& Area);
   ~TQtPageCanvas() override;
   TQtPageCanvas(const TQtPageCanvas&) = delete;

@@ -1,4 +1,5 @@
-// qt_printer.h - printers of the desktop, and PDF files, as printers of this library.
+/// @file
+/// qt_printer.h - printers of the desktop, and PDF files, as printers of this library.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_QT_QT_PRINTER_H
 #define ZAV_PLATFORM_QT_QT_PRINTER_H
@@ -20,12 +21,13 @@ namespace zav {
 
 class TQtPageCanvas;
 
-// Draws on a QPrinter, a QPdfWriter or any other device of pages, as it is set up when a document
-// begins: paper, margins, resolution. The device must outlive this object.
+/// Draws on a QPrinter, a QPdfWriter or any other device of pages, as it is set up when a document
+/// begins: paper, margins, resolution. The device must outlive this object.
 class ZAVGEO_API TQtPrinter final : public TPrinter {
  public:
+  /// Nothing is asked of the device before BeginDoc.
   explicit TQtPrinter(QPagedPaintDevice& Device);
-  // Throws an open document away.
+  /// Throws an open document away.
   ~TQtPrinter() override;
 
   void BeginDoc(const std::string& Title) override;
@@ -43,12 +45,14 @@ class ZAVGEO_API TQtPrinter final : public TPrinter {
   std::unique_ptr<TQtPageCanvas> FCanvas;
 };
 
-// Makes a PDF file. It is written when the document ends, whole or not at all; until then an older
-// file stays.
+/// Makes a PDF file. It is written when the document ends, whole or not at all; until then an older
+/// file stays.
 class ZAVGEO_API TPdfPrinter final : public TPrinter {
  public:
+  /// Pixels per inch where none is asked for.
   static constexpr int UsualResolution = 1200;
 
+  /// A document for a file; nothing is written before EndDoc.
   TPdfPrinter(const std::string& Path, const QPageLayout& Layout,
               int PixelsPerInch = UsualResolution);
   ~TPdfPrinter() override;
@@ -56,7 +60,7 @@ class ZAVGEO_API TPdfPrinter final : public TPrinter {
   void BeginDoc(const std::string& Title) override;
   bool Printing() const override { return FPrinter->Printing(); }
   void NewPage() override { FPrinter->NewPage(); }
-  // Throws EInOutError when the file cannot be written.
+  /// Throws EInOutError when the file cannot be written.
   void EndDoc() override;
   void Abort() noexcept override { FPrinter->Abort(); }
   TSize PageSize() const override { return FPrinter->PageSize(); }

@@ -1,9 +1,10 @@
-// bitmap.h - a picture in plain memory, 15, 24 or 32 bits a pixel.
-//
-// A value: copies are deep. Rows are stored top down, each padded to a multiple of 4 bytes.
-// 15 bits: uint16 0RRRRRGGGGGBBBBB. 24 bits: bytes B, G, R. 32 bits: uint32 0xFFRRGGBB (bytes
-// B, G, R, 255). 8-bit channels become 5 bits by dropping the low bits, and 8 bits again by
-// (v << 3) | (v >> 2).
+/// @file
+/// bitmap.h - a picture in plain memory, 15, 24 or 32 bits a pixel.
+///
+/// A value: copies are deep. Rows are stored top down, each padded to a multiple of 4 bytes.
+/// 15 bits: uint16 0RRRRRGGGGGBBBBB. 24 bits: bytes B, G, R. 32 bits: uint32 0xFFRRGGBB (bytes
+/// B, G, R, 255). 8-bit channels become 5 bits by dropping the low bits, and 8 bits again by
+/// (v << 3) | (v >> 2).
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_RASTER_BITMAP_H
 #define ZAV_PLATFORM_RASTER_BITMAP_H
@@ -19,44 +20,59 @@
 
 namespace zav {
 
-enum class TPixelFormat : uint8_t { pf15bit = 4, pf24bit = 6, pf32bit = 7 };
+/// Bits a pixel, as the head of this file tells.
+enum class TPixelFormat : uint8_t {
+  pf15bit = 4,  ///< 2 bytes
+  pf24bit = 6,  ///< 3 bytes
+  pf32bit = 7   ///< 4 bytes
+};
 
+/// Bytes that a pixel takes.
 constexpr int BytesPerPixel(TPixelFormat Format) noexcept {
   return Format == TPixelFormat::pf15bit ? 2 : Format == TPixelFormat::pf24bit ? 3 : 4;
 }
 
+/// The bitmap; 0 x 0 at first.
 class ZAVGEO_API TBitmap {
  public:
   TBitmap() = default;
+  /// 0 x 0, to become larger.
   explicit TBitmap(TPixelFormat Format) : FFormat(Format) {}
+  /// Black; negative sizes count as 0. Throws std::bad_alloc.
   TBitmap(int32_t Width, int32_t Height, TPixelFormat Format);
 
-  // The same with pixels of no defined value, for a caller that writes every one of them: clearing
-  // a large picture takes a sixth of the time of decoding it.
+  /// The same with pixels of no defined value, for a caller that writes every one of them: clearing
+  /// a large picture takes a sixth of the time of decoding it.
   static TBitmap ForOverwrite(int32_t Width, int32_t Height, TPixelFormat Format);
 
+  /// Pixels, 0 or more.
   int32_t Width() const noexcept { return FWidth; }
+  /// Pixels, 0 or more.
   int32_t Height() const noexcept { return FHeight; }
+  /// Whether there is no pixel.
   bool Empty() const noexcept { return FWidth == 0 || FHeight == 0; }
+  /// How pixels are stored.
   TPixelFormat PixelFormat() const noexcept { return FFormat; }
-  // Bytes from one row to the next.
+  /// Bytes from one row to the next.
   size_t Stride() const noexcept { return FStride; }
 
-  // Changes the size; the common part keeps its pixels, new ones are black. Negative sizes count as
-  // 0. Throws std::bad_alloc when there is no memory; the bitmap is then as before.
+  /// Changes the size; the common part keeps its pixels, new ones are black. Negative sizes count
+  /// as 0. Throws std::bad_alloc when there is no memory; the bitmap is then as before.
   void SetSize(int32_t Width, int32_t Height);
 
-  // The first byte of a row, 0 <= Y < Height().
+  /// The first byte of a row, 0 <= Y < Height().
   uint8_t* Row(int32_t Y) noexcept { return FPixels.data() + static_cast<size_t>(Y) * FStride; }
+  /// The same for reading.
   const uint8_t* Row(int32_t Y) const noexcept {
     return FPixels.data() + static_cast<size_t>(Y) * FStride;
   }
 
-  // One pixel. Outside the bitmap reading gives 0 and writing does nothing.
+  /// One pixel. Outside the bitmap reading gives 0 and writing does nothing.
   TColor Pixel(int32_t X, int32_t Y) const noexcept;
+  /// Nothing happens outside.
   void SetPixel(int32_t X, int32_t Y, TColor Color) noexcept;
 
-  // The same picture in another pixel format.
+  /// The same picture in another pixel format.
   TBitmap Converted(TPixelFormat Format) const;
 
   friend bool operator==(const TBitmap&, const TBitmap&) = default;

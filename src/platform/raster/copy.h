@@ -1,4 +1,5 @@
-// copy.h - copies a rectangle of one bitmap to another, pixel by pixel.
+/// @file
+/// copy.h - copies a rectangle of one bitmap to another, pixel by pixel.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_RASTER_COPY_H
 #define ZAV_PLATFORM_RASTER_COPY_H
@@ -11,8 +12,9 @@
 
 namespace zav {
 
-// Copies SourceRect so that its top left corner falls on (X, Y). What lies outside either bitmap is
-// left out; formats are converted. Both may be the same bitmap, also with overlapping rectangles.
+/// Copies SourceRect so that its top left corner falls on (X, Y). What lies outside either bitmap
+/// is left out; formats are converted. Both may be the same bitmap, also with overlapping
+/// rectangles.
 ZAVGEO_API void CopyPixels(TBitmap& Dest, int32_t X, int32_t Y, const TBitmap& Source,
                            const TRect& SourceRect) noexcept;
 

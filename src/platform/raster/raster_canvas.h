@@ -1,8 +1,10 @@
-// raster_canvas.h - a canvas that draws on a bitmap by the rules told in canvas.h.
-//
-// Coordinates are pixels of the bitmap; whatever lies outside is clipped. The details that canvas.h
-// leaves open (dots, wide pens, fill rule, stretching) are told in lines.h, shapes.h and stretch.h.
-// FillRect fills whatever the brush style is. Bitmaps and text are always copied, never inverted.
+/// @file
+/// raster_canvas.h - a canvas that draws on a bitmap by the rules told in canvas.h.
+///
+/// Coordinates are pixels of the bitmap; whatever lies outside is clipped. The details that
+/// canvas.h leaves open (dots, wide pens, fill rule, stretching) are told in lines.h, shapes.h and
+/// stretch.h. FillRect fills whatever the brush style is. Bitmaps and text are always copied, never
+/// inverted.
 // SPDX-License-Identifier: MIT
 #ifndef ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
 #define ZAV_PLATFORM_RASTER_RASTER_CANVAS_H
@@ -13,15 +15,17 @@
 
 namespace zav {
 
+/// The canvas. Its calls cost little more than what they write.
 class ZAVGEO_API TRasterCanvas final : public TCanvas {
  public:
-  // Both must outlive the canvas. Without a font engine text has no size and draws nothing.
+  /// Both must outlive the canvas. Without a font engine text has no size and draws nothing.
   explicit TRasterCanvas(TBitmap& Target, TFontEngine* Fonts = nullptr) noexcept
       : FTarget(Target), FFonts(Fonts) {}
 
+  /// The bitmap that is drawn on.
   TBitmap& Target() noexcept { return FTarget; }
 
-  // The pattern of a dotted pen begins anew here and runs on over the following LineTo.
+  /// The pattern of a dotted pen begins anew here and runs on over the following LineTo.
   void MoveTo(int32_t X, int32_t Y) override {
     FPosition = {X, Y};
     FDotPhase = 0;
