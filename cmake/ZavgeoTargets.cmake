@@ -27,6 +27,13 @@ if(ZAVGEO_FUZZ)
   target_link_options(zavgeo_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# zavgeo_precompile(TARGET HEADER ...): headers that most files of a target include, read once.
+function(zavgeo_precompile Target)
+  if(ZAVGEO_PCH)
+    target_precompile_headers(${Target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
 # zavgeo_library(NAME SOURCES ... HEADERS ... [LINKS ...]): a library zavgeo_NAME, alias zavgeo::NAME;
 # static unless BUILD_SHARED_LIBS. Headers are included by their path below src, in the tree and
 # installed.

@@ -223,7 +223,7 @@ void CalibrationMenu::updateHint() {
 void CalibrationMenu::showGraticule(bool On) {
   using Kind = GeoMapWidget::Graticule;
   const Kind Shown = FWidget.showGraticule();
-  if (On && (Shown == Kind::None || Shown == Kind::Points)) {
+  if (On && (Shown == Kind::NoGraticule || Shown == Kind::Points)) {
     FGraticuleBefore = Shown;
     FGraticuleShown = true;
     FGraticuleMenu.setKind(Kind::Lines);

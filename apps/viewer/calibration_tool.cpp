@@ -147,7 +147,7 @@ bool CalibrationTool::eventFilter(QObject* Watched, QEvent* Event) {
 bool CalibrationTool::hasMouse() const {
   using Mode = GeoMapWidget::MouseMode;
   const Mode Now = FWidget.mouseMode();
-  return FActive && !FWidget.imageFile().isEmpty() && (Now == Mode::Pan || Now == Mode::None);
+  return FActive && !FWidget.imageFile().isEmpty() && (Now == Mode::Pan || Now == Mode::NoAction);
 }
 
 // The map tells where the mouse is, but must not take a drag for one of its own.

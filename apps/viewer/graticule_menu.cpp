@@ -80,8 +80,8 @@ GraticuleMenu::GraticuleMenu(GeoMapWidget& Widget, QWidget* Parent)
 
 void GraticuleMenu::addKinds() {
   for (const auto& [Shown, Text] :
-       {std::pair{Kind::None, tr("&None")}, std::pair{Kind::Points, tr("Calibration &Points")},
-        std::pair{Kind::Lines, tr("&Lines")},
+       {std::pair{Kind::NoGraticule, tr("&None")},
+        std::pair{Kind::Points, tr("Calibration &Points")}, std::pair{Kind::Lines, tr("&Lines")},
         std::pair{Kind::PointsAndLines, tr("Points &and Lines")},
         std::pair{Kind::UtmGrid, tr("&UTM Grid")},
         std::pair{Kind::PointsAndUtmGrid, tr("Points and UTM &Grid")}}) {

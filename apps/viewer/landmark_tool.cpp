@@ -59,7 +59,7 @@ void LandmarkTool::setActive(bool Active) {
 bool LandmarkTool::hasMouse() const {
   using Mode = GeoMapWidget::MouseMode;
   const Mode Now = FWidget.mouseMode();
-  return FActive && !FWidget.imageFile().isEmpty() && (Now == Mode::Pan || Now == Mode::None);
+  return FActive && !FWidget.imageFile().isEmpty() && (Now == Mode::Pan || Now == Mode::NoAction);
 }
 
 void LandmarkTool::setMode(LandmarkMode Mode) {

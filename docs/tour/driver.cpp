@@ -73,6 +73,11 @@ QString Driver::copy(const QString& Sample) {
 
 void Driver::key(Qt::Key Key, Qt::KeyboardModifiers Modifiers) {
   QWidget* Window = QApplication::activePopupWidget();
+  // On a display without a window manager nobody gives the keyboard back when a window closes.
+  if (Window == nullptr && QApplication::activeWindow() == nullptr) {
+    FWindow->activateWindow();
+    static_cast<void>(QTest::qWaitForWindowActive(FWindow.get()));
+  }
   if (Window == nullptr) Window = QApplication::activeWindow();
   if (Window == nullptr) Fail("no window takes keys");
   QTest::keyClick(Window->windowHandle(), Key, Modifiers);

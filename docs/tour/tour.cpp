@@ -142,7 +142,7 @@ void Calibrating(Driver& Tour) {
   for (const PointRow& Point : Points) {
     ClickPixel(Tour, Point.X, Point.Y);
     Tour.type(Point.Position);
-    if (&Point == &Points[Points.size() / 2]) Tour.picture("calibrating_point");
+    if (&Point == &Points[Points.size() - 8]) Tour.picture("calibrating_point");
     Tour.key(Qt::Key_Return);
   }
   Tour.key(Qt::Key_F);
@@ -155,6 +155,7 @@ void Calibrating(Driver& Tour) {
   Tour.type(QStringLiteral("%1 %2").arg(True.Latit, 0, 'f', 2).arg(True.Longit + 5, 0, 'f', 2));
   Tour.key(Qt::Key_Return);
   Tour.key(Qt::Key_F);
+  Tour.hover(Tour.at(100, 100));  // the magnifier with it
   Tour.picture("calibrating_wrong_point");
   Tour.key(Qt::Key_Z, Qt::ControlModifier);
   Tour.key(Qt::Key_S, Qt::ControlModifier);

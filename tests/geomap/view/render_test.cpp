@@ -361,6 +361,11 @@ TEST(Render, UTMGridOfAMapWiderThanItsZone) {
   P.Scene.Look.GratInMapZone = true;
   P.Draw();
   EXPECT_EQ(P.CountWith("LineTo", "pen FF0000"), 8U);  // and eastings 300 to 700 km
+  // Northings run to the map's right edge where it begins inside the window, too.
+  P.Scene.View.TopLeft = {-200, 0};
+  P.Draw();
+  EXPECT_EQ(P.CountWith("LineTo", "pen FF0000"), 8U);
+  EXPECT_EQ(P.CountWith("LineTo 1200,", "pen FF0000"), 3U);
 }
 
 // However small the spacing and however wild the numbers, there is an end, and not more lines than
