@@ -34,7 +34,7 @@ inline constexpr int32_t crGeoZoom = 1000;
 inline constexpr int32_t crGeoHand = 1001;   ///< for hosts; the atlas does not use it
 inline constexpr int32_t crHandPoint = -21;  ///< the desktop's pointing hand
 
-/// The control. It takes the mouse events of its map as an observer.
+/// The atlas control: several maps, one of which is shown.
 class ZAVGEO_API TGeoAtlas : public TCustomControl, private TGeoMapObserver {
  public:
   static constexpr int32_t PanelHeight = 33;  ///< control pixels

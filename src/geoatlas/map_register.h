@@ -26,7 +26,7 @@ struct TMapDefinition {
   friend bool operator==(const TMapDefinition&, const TMapDefinition&) = default;
 };
 
-/// The maps, numbered from 1 in the order of coming.
+/// The maps of an atlas, numbered from 1 in the order of coming.
 class ZAVGEO_API TMapRegister {
  public:
   static constexpr int32_t Capacity = 200;  ///< maps at most

@@ -41,7 +41,7 @@ struct TCountryData {
 /// Number of rows of CountryData.
 inline constexpr size_t NumCountries = 231;
 
-/// Sorted by name.
+/// The countries, sorted by name.
 extern ZAVGEO_API const std::array<TCountryData, NumCountries> CountryData;
 
 /// A country by its ISO code of two or three letters, by its FIPS code, by its name. Case does not

@@ -194,14 +194,13 @@ constexpr std::array<T, EllipsoidRows.size()> EllipsoidColumn(Field Of) {
 inline constexpr size_t NumGeoEllipsoids = detail::EllipsoidRows.size();
 static_assert(NumGeoEllipsoids == static_cast<size_t>(TGeoEllipsoid::gelNahrwan29) + 1);
 
-/// The three columns of the catalogue, indexed by the ordinal of TGeoEllipsoid: the identifier as
-/// text ("gelWGS84"), a name for people ("WGS 1984"), and the axes.
+/// Identifiers as text ("gelWGS84"), indexed by the ordinal of TGeoEllipsoid.
 inline constexpr auto GeoEllipsoidId = detail::EllipsoidColumn<std::string_view>(
     [](const detail::TEllipsoidRow& Row) { return Row.Id; });
-/// Names for people, "WGS 1984".
+/// Names for people ("WGS 1984"), likewise.
 inline constexpr auto GeoEllipsoidName = detail::EllipsoidColumn<std::string_view>(
     [](const detail::TEllipsoidRow& Row) { return Row.Name; });
-/// Axes in metres.
+/// Axes, likewise.
 inline constexpr auto GeoEllipsoidData = detail::EllipsoidColumn<TEllipsoidAxes>(
     [](const detail::TEllipsoidRow& Row) { return Row.Axes; });
 

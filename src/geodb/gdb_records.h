@@ -188,9 +188,9 @@ ZAVGEO_API std::string GeoLatitude(double Value, TDegreeFormat Format, int32_t D
 /// The same for a longitude.
 ZAVGEO_API std::string GeoLongitude(double Value, TDegreeFormat Format, int32_t Decimals);
 
-/// A moment, and this moment, in local time, to the second.
+/// A moment in local time, to the second.
 ZAVGEO_API TDateTime LocalTime(std::time_t Moment);
-/// This moment.
+/// This moment in local time, to the second.
 ZAVGEO_API TDateTime LocalNow();
 
 }  // namespace zav

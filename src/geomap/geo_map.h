@@ -60,10 +60,10 @@ class ZAVGEO_API TGeoMapObserver {
   virtual void ImageChanged(TGeoMap& /*Map*/) {}        ///< picture, its name or its size
   virtual void Painted(TGeoMap& /*Map*/) {}             ///< the new picture is on the window
 
-  /// As OnBeforeRenderData and OnDataRendered, after them: what is drawn on the canvas, in control
-  /// pixels, lands in the picture.
+  /// As OnBeforeRenderData, after it: what is drawn on the canvas, in control pixels, lands in the
+  /// picture.
   virtual void BeforeRenderData(TGeoMap& /*Map*/, TCanvas& /*Canvas*/) {}
-  /// As OnDataRendered, after it.
+  /// As OnDataRendered, after it, likewise.
   virtual void DataRendered(TGeoMap& /*Map*/, TCanvas& /*Canvas*/) {}
   /// An image file loads; 0 to 100.
   virtual void DataLoading(TGeoMap& /*Map*/, int /*PercentDone*/) {}
@@ -74,24 +74,24 @@ class ZAVGEO_API TGeoMapObserver {
   virtual void RubberBandContinued(TGeoMap& /*Map*/, TPoint /*MapPixel*/) {}
   /// A line ends.
   virtual void RubberBandEnded(TGeoMap& /*Map*/, TPoint /*MapPixel*/) {}
-  /// Two corners in map pixels, wherever they are; and the values of OnSelectRect.
+  /// Two corners in map pixels, wherever they are.
   virtual void PixelsSelected(TGeoMap& /*Map*/, TPoint /*From*/, TPoint /*To*/) {}
   /// The values of OnSelectRect.
   virtual void RectSelected(TGeoMap& /*Map*/, int /*Kind*/, double /*X1*/, double /*Y1*/,
                             double /*X2*/, double /*Y2*/) {}
   virtual void MouseBoxChanged(TGeoMap& /*Map*/) {}  ///< MouseBox begins to wait, or has ended
 
-  /// After the control's own events of the mouse, with the same arguments.
+  /// After OnMouseDown, with the same arguments.
   virtual void MousePressed(TGeoMap& /*Map*/, TMouseButton, TShiftState, TPoint /*Control*/) {}
-  /// After OnMouseMove.
+  /// After OnMouseMove, likewise.
   virtual void MouseMoved(TGeoMap& /*Map*/, TShiftState, TPoint /*Control*/) {}
-  /// After OnMouseUp.
+  /// After OnMouseUp, likewise.
   virtual void MouseReleased(TGeoMap& /*Map*/, TMouseButton, TShiftState, TPoint /*Control*/) {}
   /// After OnMapImageRequest; may name another file.
   virtual void ImageRequested(TGeoMap& /*Map*/, std::string& /*FileName*/) {}
 };
 
-/// The control. A map, its view, its look, what lies on it, and what the mouse does.
+/// The map control: a map, its view, its look, what lies on it, and what the mouse does.
 class ZAVGEO_API TGeoMap : public TCustomControl {
  public:
   /// A map without image, 500 x 400 control pixels, already painted. The host must outlive it.
@@ -117,9 +117,9 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   void ConstructInternalMapImg();
   /// The picture last rendered, in device pixels, 15 bits a pixel; may be larger than the control.
   const TBitmap& InternalMapImg() const noexcept { return *FInternalMapImg; }
-  /// While true, Paint does nothing. Turning it off paints.
+  /// While true, Paint does nothing. False at first.
   bool SuppressPaint() const noexcept { return FSuppressPaint; }
-  /// While true, Paint does nothing.
+  /// Turning it off paints.
   void SetSuppressPaint(bool Value);
   /// @}
 
@@ -270,10 +270,10 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   TPoint TopLeft() const noexcept { return FView.TopLeft; }
   /// Any map pixel; ConfinePanToMapImage does not count here.
   void SetTopLeft(TPoint TopLeft);
-  /// Control pixels per map pixel. Throws EZAVError below 0.5 and above 2.0; the view's corner
-  /// stays and the zoom stack is not pushed.
+  /// Control pixels per map pixel. 1 at first.
   double Magnification() const noexcept { return FView.Magnification; }
-  /// The view's corner stays.
+  /// Throws EZAVError below 0.5 and above 2.0. The view's corner stays, the zoom stack is not
+  /// pushed.
   void SetMagnification(double Magnification);
   /// Both at once, painted once. Any magnification above 0 is taken; others throw EZAVError.
   void SetView(TPoint TopLeft, double Magnification);
@@ -291,8 +291,8 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   void ZoomFitPage();
   /// Steps (in when positive; four double the magnification) about a control pixel, whose map
   /// position stays under it within a pixel; as many steps back as had an effect return to the very
-  /// view. Confined when ConfinePanToMapImage. Repaints and fires OnZoomPan when something changed;
-  /// the zoom stack is left to the caller, who knows when the gesture ends.
+  /// view. Confined when ConfinePanToMapImage. Repaints, fires OnZoomPan and returns true when
+  /// something changed; the zoom stack is left to the caller, who knows when the gesture ends.
   bool ZoomAt(TPoint Control, int Steps);
   /// Moves the view by control pixels, as a drag by the opposite does; confined, painted and
   /// reported like ZoomAt.
@@ -325,10 +325,9 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   bool AntiAlias() const noexcept { return FLook.AntiAlias; }
   /// Repaints.
   void SetAntiAlias(bool Value);
-  /// Below this magnification the scaled map is kept for panning; 0 to 2/3. Repaints when the
-  /// magnification is below 2/3.
+  /// Below this magnification the scaled map is kept for panning; 0 to 2/3. 2/3 at first.
   double CacheMagLimit() const noexcept { return FLook.CacheMagLimit; }
-  /// Beyond its range: the nearest value.
+  /// Beyond its range: the nearest value. Repaints when the magnification is below 2/3.
   void SetCacheMagLimit(double Value);
   /// Around the map. Silver at first.
   TColor ColorBackGnd() const noexcept { return FLook.ColorBackGnd; }
@@ -348,7 +347,7 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   void SetColorFrame(TColor Color);
   /// The message on an empty map. "GeoMap: empty" at first.
   const std::string& EmptyMsg() const noexcept { return FLook.EmptyMsg; }
-  /// One line; empty for nothing.
+  /// One line; empty for nothing. Repaints.
   void SetEmptyMsg(const std::string& Text);
   /// What the control is framed by. Sunken at first.
   TFrameStyle FrameStyle() const noexcept { return FLook.FrameStyle; }
@@ -358,18 +357,18 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   TShowGrat ShowGraticule() const noexcept { return FLook.ShowGraticule; }
   /// Repaints when different.
   void SetShowGrat(TShowGrat Value);
-  /// Degrees, 0 to 60; 0 is automatic.
+  /// Degrees between lines of the graticule, 0 to 60; 0, at first, is automatic.
   double GratLineDist() const noexcept { return FLook.GratLineDist; }
-  /// Beyond its range: the nearest value.
+  /// Beyond its range: the nearest value. Repaints.
   void SetGratLineDist(double Degrees);
   /// Whether graticule and grid of a UTM map run on beyond the edges of the map's zone (TMapLook).
-  /// False at first; repaints when different.
+  /// False at first.
   bool GratInMapZone() const noexcept { return FLook.GratInMapZone; }
   /// Repaints when different.
   void SetGratInMapZone(bool Value);
-  /// Metres, 0 to 10000000; 0 is automatic.
+  /// Metres between lines of the UTM grid, 0 to 10000000; 0, at first, is automatic.
   int32_t UTMGridDist() const noexcept { return FLook.UTMGridDist; }
-  /// Beyond its range: the nearest value.
+  /// Beyond its range: the nearest value. Repaints.
   void SetUTMGridDist(int32_t Metres);
   /// @}
 
@@ -436,9 +435,10 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   double CalcLongitude(int32_t X, int32_t Y, bool& Valid) const;
   /// The same for a point.
   double CalcLongitude(TPoint P, bool& Valid) const;
-  /// Map pixel of a position, rounded.
+  /// Map pixel of a position, rounded; false where the model gives none. X and Y are left alone
+  /// when it gives nothing.
   bool CalcPixelCoords(double Lat, double Long, int32_t& X, int32_t& Y) const;
-  /// Map pixel of UTM metres in the map's zone, cmUTM only.
+  /// Map pixel of UTM metres in the map's zone; (0, 0) and false under other models than cmUTM.
   bool CalcPixelCoordsUTM(double Northing, double Easting, int32_t& X, int32_t& Y) const;
   /// Row of a northing in a column, cmUTM only.
   int32_t CalcUTMyFromNorthingX(double Northing, int32_t X) const;
@@ -465,11 +465,12 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   bool LoadCalDataFromXML(TMemoryStream& Stream, const std::string& Id);
   /// The same from a file that is open for reading, from its position on.
   bool ReadCalDataFromOpenXMLFile(TextFile& F, const std::string& Id);
-  /// The file is replaced when everything is written, or not at all.
+  /// Writes the calibration with the Id; the file is replaced when everything is written, or not at
+  /// all. Throws EInOutError, and EZAVGeoMapError for a text that the format cannot hold.
   void SaveCalDataAsXML(const std::string& FileName, const std::string& Id) const;
-  /// To a stream, at its position.
+  /// The same to a stream, at its position.
   void SaveCalDataAsXML(TStream& Stream, const std::string& Id) const;
-  /// To a file that is open for writing; WithHeader begins with the XML line.
+  /// The same to a file that is open for writing; WithHeader begins with the XML line.
   void WriteCalDataToOpenXMLFile(TextFile& F, bool WithHeader, const std::string& Id) const;
   /// @}
 
@@ -521,9 +522,9 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   int32_t RemoveLandMark(int32_t LmIndex);
   /// The nearest one. Returns 0 always: compare NumLandMarks to see whether one was removed.
   int32_t RemoveLandMark(double Lat, double Long, int32_t ClassFlag);
-  /// Those nearer than Radius degrees, or strictly inside the rectangle; returns how many.
+  /// Those nearer than Radius degrees; returns how many.
   int32_t RemoveLandMark(double Lat, double Long, int32_t ClassFlag, double Radius);
-  /// Those strictly inside the rectangle (west, north, east, south).
+  /// Those strictly inside the rectangle (west, north, east, south); returns how many.
   int32_t RemoveLandMark(const TRectDouble& Rect, int32_t ClassFlag);
   /// The last one; asks and repaints.
   void RemoveLastLandMark();
@@ -549,16 +550,15 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   }
   /// Repaints.
   void SetClassVisibility(uint8_t ClassFlag, bool Visible);
-  /// The largest number drawn in one picture; more are thinned out at random. At least 1001,
-  /// smaller values are ignored; repaints when different.
+  /// The largest number drawn in one picture; more are thinned out at random. 20000 at first.
   int32_t LMRandomDisplayThreshold() const noexcept { return FLMRandSampleLimit; }
-  /// Below 1001: ignored.
+  /// At least 1001, smaller values are ignored; repaints when different.
   void SetRandSampleLimit(int32_t Value);
   /// The pictures that follow leave out the same landmarks after the same seed. Does not repaint.
   void SetThinningSeed(uint64_t Seed) noexcept { FThinning.SetSeed(Seed); }
-  /// 1..NumLandMarks, 0 for none; any other index means none. Repaints when different.
+  /// The highlighted landmark, 0 for none.
   int32_t HighLightLandMark() const noexcept { return FLandMarks->HighLight(); }
-  /// Repaints when different.
+  /// Any index outside 1..NumLandMarks means none. Repaints when different.
   void SetHighLM(int32_t Index);
   /// Outline of the highlighted landmark. Blue at first.
   TColor HighLightFGColor() const noexcept { return FHighLMColFG; }
@@ -566,7 +566,7 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   TColor HighLightBGColor() const noexcept { return FHighLMColBG; }
   /// Whether its inside is left out. False at first.
   bool HighLightTransparent() const noexcept { return FHighLMTrans; }
-  /// All three at once.
+  /// All three at once; repaints.
   void SetHighLightProperties(TColor ColorFG, TColor ColorBG, bool Transparent);
   /// @}
 
@@ -602,7 +602,7 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   bool MouseBox(int32_t& X1, int32_t& Y1, int32_t& X2, int32_t& Y2);
   /// Ends a MouseBox that waits, which returns false.
   void MouseBoxAbort();
-  /// Map pixels of the last button press and the last move.
+  /// The column of the last button press, in map pixels.
   int32_t LastClickPosX() const noexcept { return FMouse.LastClick().X; }
   /// The row of the last press.
   int32_t LastClickPosY() const noexcept { return FMouse.LastClick().Y; }
@@ -610,7 +610,7 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   int32_t LastMousePosX() const noexcept { return FMouse.LastMove().X; }
   /// The row of the last move.
   int32_t LastMousePosY() const noexcept { return FMouse.LastMove().Y; }
-  /// Degrees of the last button press, 0 when they cannot be told.
+  /// The latitude of the last button press, degrees; 0 when it cannot be told.
   double GetLastMClickLatitude() const;
   /// The longitude, likewise.
   double GetLastMClickLongitude() const;
@@ -623,7 +623,7 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   bool MouseTraceInvert() const noexcept { return FTraceInvert; }
   /// Counts for the points that come; does not repaint.
   void SetMouseTraceInvert(bool Value) { FTraceInvert = Value; }
-  /// In map pixels.
+  /// The trace, in map pixels.
   const TMouseTrace& MouseTrace() const noexcept { return FTrace; }
   /// Points of the trace, at most MaxMTracePoints.
   int32_t NumMTracePoints() const noexcept { return FTrace.Count(); }
@@ -669,7 +669,7 @@ class ZAVGEO_API TGeoMap : public TCustomControl {
   using TSelectRectEvent =
       std::function<void(TGeoMap*, int Kind, double X1, double Y1, double X2, double Y2)>;
 
-  TProgressEvent OnDataLoading;           ///< while an image file loads; cancelling throws
+  TProgressEvent OnDataLoading;  ///< while an image file loads; cancelling throws EImageCancelled
   TRenderEvent OnBeforeRenderData;        ///< the map image is drawn, nothing above it yet
   TRenderEvent OnDataRendered;            ///< landmarks are drawn, the highlighted one not yet
   TDrawLandMarkEvent OnDrawLandmark;      ///< before each landmark; handled ones are not drawn

@@ -50,7 +50,7 @@ class TPositionTest {
   TRegionTest FPosition;
 };
 
-/// The tree. Items can be taken out, not added.
+/// A tree of boxes that is built once; items can be taken out, not added.
 class ZAVGEO_API TPackedBoxes {
  public:
   /// Sixteen boxes. Unused ones are NaN, which passes no test.

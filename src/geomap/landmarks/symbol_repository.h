@@ -35,7 +35,7 @@ struct TSymbol {
 /// A cross of size 8, black on red, direction 90, length 40, without name and category.
 ZAVGEO_API TSymbol DefaultSymbolRecord();
 
-/// The list, and a copy of it to go back to.
+/// A palette of symbols, and a copy of it to go back to.
 class ZAVGEO_API TSymbolRepository : public TComponent {
  public:
   /// An empty list.

@@ -45,7 +45,7 @@ class ZAVGEO_API TAtomicFile {
   int FHandle = -1;
 };
 
-/// A whole file in one step.
+/// Writes a whole file in one step, as TAtomicFile does. Throws EInOutError.
 ZAVGEO_API void WriteWholeFile(const std::string& Path, std::string_view Bytes);
 
 }  // namespace zav

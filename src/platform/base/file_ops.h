@@ -29,7 +29,7 @@ enum class TFileLock : uint8_t {
   Exclusive  ///< one holder, and no shared ones
 };
 
-/// The operations; each returns 0 or the system's error number.
+/// Operations on files; each returns 0 or the system's error number.
 class ZAVGEO_API TFileOps {
  public:
   virtual ~TFileOps() = default;

@@ -19,7 +19,7 @@
 
 namespace zav {
 
-/// The services of a framework.
+/// What a framework gives to the controls that run in it.
 class ZAVGEO_API THost {
  public:
   virtual ~THost() = default;

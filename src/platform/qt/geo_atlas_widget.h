@@ -33,7 +33,7 @@
 
 namespace zav {
 
-/// The widget.
+/// One of several maps in a window of Qt, with the panel to choose.
 class ZAVGEO_API GeoAtlasWidget : public QWidget, private TGeoMapObserver {
   Q_OBJECT
 

@@ -42,7 +42,7 @@ namespace zav {
 
 class TQtControlWindow;
 
-/// The widget.
+/// A calibrated map in a window of Qt.
 class ZAVGEO_API GeoMapWidget : public QWidget, private TGeoMapObserver {
   Q_OBJECT
 

@@ -32,7 +32,7 @@ constexpr int BytesPerPixel(TPixelFormat Format) noexcept {
   return Format == TPixelFormat::pf15bit ? 2 : Format == TPixelFormat::pf24bit ? 3 : 4;
 }
 
-/// The bitmap; 0 x 0 at first.
+/// A picture in memory; 0 x 0 at first.
 class ZAVGEO_API TBitmap {
  public:
   TBitmap() = default;

@@ -15,14 +15,14 @@
 
 namespace zav {
 
-/// The canvas. Its calls cost little more than what they write.
+/// Draws on a bitmap of any format.
 class ZAVGEO_API TRasterCanvas final : public TCanvas {
  public:
   /// Both must outlive the canvas. Without a font engine text has no size and draws nothing.
   explicit TRasterCanvas(TBitmap& Target, TFontEngine* Fonts = nullptr) noexcept
       : FTarget(Target), FFonts(Fonts) {}
 
-  /// The bitmap that is drawn on.
+  /// What is drawn on.
   TBitmap& Target() noexcept { return FTarget; }
 
   /// The pattern of a dotted pen begins anew here and runs on over the following LineTo.
