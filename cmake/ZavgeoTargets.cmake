@@ -8,6 +8,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 find_program(ZAVGEO_CCACHE ccache)
 if(ZAVGEO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${ZAVGEO_CCACHE})
+  if(ZAVGEO_PCH) # it knows precompiled headers when told not to mind their macros and times
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+                                    ${ZAVGEO_CCACHE})
+  endif()
 endif()
 
 add_library(zavgeo_options INTERFACE)
@@ -15,7 +19,9 @@ target_compile_options(
   zavgeo_options
   INTERFACE -Wall -Wextra -Wconversion -Wshadow
             # The same numbers on every compiler and processor: no fused multiply-add.
-            -ffp-contract=off $<$<BOOL:${ZAVGEO_WERROR}>:-Werror>)
+            -ffp-contract=off $<$<BOOL:${ZAVGEO_WERROR}>:-Werror>
+            # For ccache.
+            $<$<AND:$<BOOL:${ZAVGEO_PCH}>,$<CXX_COMPILER_ID:GNU>>:-fpch-preprocess>)
 if(ZAVGEO_SANITIZE)
   target_compile_options(zavgeo_options INTERFACE -fsanitize=address,undefined
                                                   -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -62,9 +68,10 @@ function(zavgeo_library Name)
   set_property(GLOBAL APPEND PROPERTY ZAVGEO_LIBRARIES ${target})
 endfunction()
 
-# zavgeo_test(NAME SOURCES ... [LINKS ...] [ENVIRONMENT ...]): a GoogleTest program zavgeo_NAME_test.
+# zavgeo_test(NAME SOURCES ... [LINKS ...] [ENVIRONMENT ...] [PRECOMPILE ...]): a GoogleTest program
+# zavgeo_NAME_test.
 function(zavgeo_test Name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS;ENVIRONMENT;PRECOMPILE" ${ARGN})
   set(target zavgeo_${Name}_test)
   add_executable(${target} ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/tests/support/user_locale.cpp)
   target_link_libraries(${target} PRIVATE zavgeo_options ${arg_LINKS} GTest::gtest_main)
@@ -72,5 +79,6 @@ function(zavgeo_test Name)
   target_compile_definitions(
     ${target} PRIVATE ZAVGEO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
                       ZAVGEO_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
+  zavgeo_precompile(${target} <gtest/gtest.h> <string> <vector> ${arg_PRECOMPILE})
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()
