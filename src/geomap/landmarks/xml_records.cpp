@@ -169,7 +169,7 @@ template <class TNextLine>
 bool FindRootLineWith(const TNextLine& NextLine, TXmlTag Root, std::string_view DataID,
                       std::string& RootLine) {
   const std::string wanted = LowerCase(DataID);
-  const std::string beginning = "<" + std::string(XmlTagName(Root));
+  const std::string beginning = std::string(1, '<').append(XmlTagName(Root));
   const std::string signature = LowerCase(XmlSignature);
   while (NextLine(RootLine)) {
     RootLine = LowerCase(RootLine);

@@ -202,11 +202,11 @@ TEmptyMap MakeEmptyMap(double Lat1, double Long1, double Lat2, double Long2, dou
 }
 
 std::string EmptyMapLatitudeText(double Lat, double GridDist) {
-  return " " + DegreeText(Lat, GridDist) + (Lat >= 0 ? " N " : " S ");
+  return std::string(1, ' ').append(DegreeText(Lat, GridDist)) + (Lat >= 0 ? " N " : " S ");
 }
 
 std::string EmptyMapLongitudeText(double Long, double GridDist) {
-  return " " + DegreeText(Long, GridDist) + (Long >= 0 ? " E " : " W ");
+  return std::string(1, ' ').append(DegreeText(Long, GridDist)) + (Long >= 0 ? " E " : " W ");
 }
 
 std::vector<TEmptyMapLabel> EmptyMapLabels(const TEmptyMap& Map, TCanvas& Canvas) {
