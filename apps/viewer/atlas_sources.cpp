@@ -17,13 +17,15 @@ namespace {
 
 constexpr int MostNamed = 4;  // of the maps that cannot be shown, so that the message stays small
 
-QString Tr(const char* Text) { return QCoreApplication::translate("AtlasSources", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(AtlasSources)
+};
 
 QString WhyNot(const MapSource& Source) {
-  if (!QFileInfo::exists(Source.Path)) return Tr("the file is missing");
+  if (!QFileInfo::exists(Source.Path)) return Texts::tr("the file is missing");
   if (Source.Kind == MapSourceKind::Calibration && Source.ImagePath.isEmpty())
-    return Tr("its image is missing");
-  return Tr("damaged or of another kind");
+    return Texts::tr("its image is missing");
+  return Texts::tr("damaged or of another kind");
 }
 
 }  // namespace
@@ -48,7 +50,7 @@ void SortByScale(QList<MapSource>& Sources) {
 QString ResolutionText(double MetresPerPixel) {
   if (!(MetresPerPixel > 0)) return {};
   const int Decimals = MetresPerPixel < 10 ? 1 : 0;
-  return Tr("%1 m/pixel").arg(QLocale().toString(MetresPerPixel, 'f', Decimals));
+  return Texts::tr("%1 m/pixel").arg(QLocale().toString(MetresPerPixel, 'f', Decimals));
 }
 
 QString MissingText(const QList<MapSource>& Sources) {
@@ -57,14 +59,14 @@ QString MissingText(const QList<MapSource>& Sources) {
   for (const MapSource& Source : Sources) {
     if (Source.Problem.isEmpty()) continue;
     if (++Count <= MostNamed)
-      Lines << Tr("\"%1\": %2").arg(QFileInfo(Source.Path).fileName(), WhyNot(Source));
+      Lines << Texts::tr("\"%1\": %2").arg(QFileInfo(Source.Path).fileName(), WhyNot(Source));
   }
   if (Count == 0) return {};
-  if (Count > MostNamed) Lines << Tr("and %1 more").arg(Count - MostNamed);
-  return Tr("%1 of %2 maps cannot be shown; the list of maps tells why. ")
-             .arg(Count)
-             .arg(Sources.size()) +
-         Lines.join(QStringLiteral("; "));
+  if (Count > MostNamed)
+    Lines << Texts::tr("and %n more", nullptr, static_cast<int>(Count - MostNamed));
+  return Texts::tr("%n of %1 maps cannot be shown; the list of maps tells why. %2", nullptr,
+                   static_cast<int>(Count))
+      .arg(QString::number(Sources.size()), Lines.join(QStringLiteral("; ")));
 }
 
 }  // namespace zav

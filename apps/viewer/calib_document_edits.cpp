@@ -132,8 +132,9 @@ void CalibDocument::removeItems(const std::vector<int>& Ids) {
   std::sort(Places.begin(), Places.end());
   Places.erase(std::unique(Places.begin(), Places.end()), Places.end());
   if (Places.empty()) return;
-  const QString Text = Places.size() == 1 ? tr("Remove point %1").arg(Places.front() + 1)
-                                          : tr("Remove %1 points").arg(Places.size());
+  const QString Text = Places.size() == 1
+                           ? tr("Remove point %1").arg(Places.front() + 1)
+                           : tr("Remove %n points", nullptr, static_cast<int>(Places.size()));
   F->Edit(Text, [&](CalibState& State) {
     TakeOut(State, Places);
     return QString();
@@ -153,9 +154,10 @@ bool CalibDocument::canRestoreRemoved() const { return F->State->Removed != null
 QString CalibDocument::restoreLastRemoved() {
   if (!canRestoreRemoved()) return {};
   const auto Removed = F->State->Removed;
-  const QString Text = Removed->Items.size() == 1
-                           ? tr("Restore point %1").arg(Removed->Items.front().first + 1)
-                           : tr("Restore %1 points").arg(Removed->Items.size());
+  const QString Text =
+      Removed->Items.size() == 1
+          ? tr("Restore point %1").arg(Removed->Items.front().first + 1)
+          : tr("Restore %n points", nullptr, static_cast<int>(Removed->Items.size()));
   return F->Edit(Text, [&](CalibState& State) {
     for (const auto& [Place, Item] : Removed->Items)
       State.Items.insert(
@@ -218,7 +220,8 @@ void CalibDocument::setModel(TCalibModel Model) {
 }
 
 QString CalibDocument::setZone(int Zone, bool South) {
-  const QString Text = tr("Change zone to %1 %2").arg(Zone).arg(South ? tr("south") : tr("north"));
+  const QString Text =
+      (South ? tr("Change zone to %1 south") : tr("Change zone to %1 north")).arg(Zone);
   return F->Edit(Text, [&](CalibState& State) {
     if (Zone < 1 || Zone > 60) return tr("UTM zones are 1 to 60.");
     State.Grid.Zone = Zone;

@@ -40,13 +40,17 @@ std::string TextIfAny(const std::string& File, int64_t MaxSize) {
   return ReadWholeTextFile(File, MaxSize);
 }
 
+QString SideFileProblem(const EInOutError& Error) {
+  return CalibDocument::tr("The file with the points' names cannot be read: %1.")
+      .arg(ToQString(Error.Reason()));
+}
+
 // The side file's text; Problem tells when it is there and cannot be read.
 std::string SideTextOf(const std::string& CalibrationFile, QStringList& Notes) {
   try {
     return TextIfAny(SideFileName(CalibrationFile), MaxSideFile);
   } catch (const EInOutError& Error) {
-    Notes.append(CalibDocument::tr("The file with the points' names cannot be read: %1.")
-                     .arg(ToQString(Error.Reason())));
+    Notes.append(SideFileProblem(Error));
   }
   return {};
 }

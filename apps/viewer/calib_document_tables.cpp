@@ -112,21 +112,22 @@ QString CalibDocument::importPoints(const QString& FileName, CalibImport Mode) {
   try {
     const std::vector<TPointRow> Rows = ReadPointRows(File, F->State->Model);
     if (Rows.empty()) return tr("\"%1\" holds no points.").arg(QDir::toNativeSeparators(FileName));
-    return F->Edit(tr("Import %1 points").arg(Rows.size()), [&](CalibState& State) {
-      if (Mode == CalibImport::Replace) State.Items.clear();
-      for (const TPointRow& Row : Rows) {
-        State.Items.push_back(F->NewItem(ItemOf(Row, State)));
-        AdoptZone(State);
-        QString Problem = LimitProblem(State.Items);
-        if (Problem.isEmpty() && !Row.Line)
-          Problem = PositionProblem(State, State.Items.back()->Position);
-        if (!Problem.isEmpty()) FailPointRow(File, Row, FromQString(Problem));
-      }
-      // The zone follows from all points, not from the first one.
-      if (F->State->Grid.Zone == 0) State.Grid.Zone = 0;
-      AdoptZone(State);
-      return QString();
-    });
+    return F->Edit(tr("Import %n point(s)", nullptr, static_cast<int>(Rows.size())),
+                   [&](CalibState& State) {
+                     if (Mode == CalibImport::Replace) State.Items.clear();
+                     for (const TPointRow& Row : Rows) {
+                       State.Items.push_back(F->NewItem(ItemOf(Row, State)));
+                       AdoptZone(State);
+                       QString Problem = LimitProblem(State.Items);
+                       if (Problem.isEmpty() && !Row.Line)
+                         Problem = PositionProblem(State, State.Items.back()->Position);
+                       if (!Problem.isEmpty()) FailPointRow(File, Row, FromQString(Problem));
+                     }
+                     // The zone follows from all points, not from the first one.
+                     if (F->State->Grid.Zone == 0) State.Grid.Zone = 0;
+                     AdoptZone(State);
+                     return QString();
+                   });
   } catch (const EInOutError& Error) {
     return ToQString(Error.what());
   }

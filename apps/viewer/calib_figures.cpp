@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <limits>
 
-#include <QCoreApplication>
-
 #include <platform/base/curve_fit.h>
 #include <platform/base/text_format.h>
+
+#include "calib_document.h"
 
 namespace zav {
 
@@ -16,8 +16,6 @@ namespace {
 
 // Below this all residuals are as good as zero, and none is the worst.
 constexpr double AsGoodAsZero = 1e-6;
-
-QString Tr(const char* Text) { return QCoreApplication::translate("CalibDocument", Text); }
 
 // The library's figures take the points as degrees, so that UTM maps need their own.
 void FindQualXY(const TCalibration& Calibration, CalibQuality& Quality) {
@@ -124,33 +122,34 @@ double CalibQuality::Value(CalibFigure Figure) const {
 QString CalibFigureName(CalibFigure Figure) {
   switch (Figure) {
     case CalibFigure::QualX:
-      return Tr("Quality along X");
+      return CalibDocument::tr("Quality along X");
     case CalibFigure::QualY:
-      return Tr("Quality along Y");
+      return CalibDocument::tr("Quality along Y");
     case CalibFigure::RmsX:
-      return Tr("RMS along X");
+      return CalibDocument::tr("RMS along X");
     case CalibFigure::RmsY:
-      return Tr("RMS along Y");
+      return CalibDocument::tr("RMS along Y");
     case CalibFigure::Rms:
-      return Tr("RMS");
+      return CalibDocument::tr("RMS");
     case CalibFigure::Max:
-      return Tr("Largest");
+      return CalibDocument::tr("Largest");
     case CalibFigure::RmsMetres:
-      return Tr("RMS on the ground");
+      return CalibDocument::tr("RMS on the ground");
     case CalibFigure::MaxMetres:
-      return Tr("Largest on the ground");
+      return CalibDocument::tr("Largest on the ground");
     case CalibFigure::Resolution:
-      return Tr("Size of a pixel");
+      return CalibDocument::tr("Size of a pixel");
   }
   return {};
 }
 
 QString CalibFigureFormula(CalibFigure Figure) {
   const auto Quality = [](const char* Axis) {
-    return Tr("QualX = sqrt( sum( (d - mean d)^2 ) / (n - 1) ), where d is the predicted minus the "
-              "given X of a point, the prediction rounded to a whole pixel, and n the number of "
-              "points. Control points only.")
-        .replace(QLatin1Char('X'), QLatin1String(Axis));
+    return CalibDocument::
+        tr("QualX = sqrt( sum( (d - mean d)^2 ) / (n - 1) ), where d is the predicted minus the "
+           "given X of a point, the prediction rounded to a whole pixel, and n the number of "
+           "points. Control points only.")
+            .replace(QLatin1Char('X'), QLatin1String(Axis));
   };
   switch (Figure) {
     case CalibFigure::QualX:
@@ -158,27 +157,27 @@ QString CalibFigureFormula(CalibFigure Figure) {
     case CalibFigure::QualY:
       return Quality("Y");
     case CalibFigure::RmsX:
-      return Tr(
+      return CalibDocument::tr(
           "sqrt( sum( dX^2 ) / n ), where dX is the predicted minus the given X of a point "
           "in pixels, not rounded.");
     case CalibFigure::RmsY:
-      return Tr(
+      return CalibDocument::tr(
           "sqrt( sum( dY^2 ) / n ), where dY is the predicted minus the given Y of a point "
           "in pixels, not rounded.");
     case CalibFigure::Rms:
-      return Tr("sqrt( sum( dX^2 + dY^2 ) / n ), in pixels, not rounded.");
+      return CalibDocument::tr("sqrt( sum( dX^2 + dY^2 ) / n ), in pixels, not rounded.");
     case CalibFigure::Max:
-      return Tr("The largest sqrt( dX^2 + dY^2 ) of all points, in pixels.");
+      return CalibDocument::tr("The largest sqrt( dX^2 + dY^2 ) of all points, in pixels.");
     case CalibFigure::RmsMetres:
-      return Tr(
+      return CalibDocument::tr(
           "sqrt( sum( s^2 ) / n ), where s is the distance on a sphere of 6371008.8 m from a "
           "point's position to the one that the map gives for its pixel.");
     case CalibFigure::MaxMetres:
-      return Tr(
+      return CalibDocument::tr(
           "The largest distance, on a sphere of 6371008.8 m, from a point's position to the "
           "one that the map gives for its pixel.");
     case CalibFigure::Resolution:
-      return Tr(
+      return CalibDocument::tr(
           "The great-circle distance between the ends of the image's middle row, divided by "
           "its width in pixels.");
   }
@@ -187,10 +186,15 @@ QString CalibFigureFormula(CalibFigure Figure) {
 
 QString ItemTitle(const CalibState& State, size_t Index) {
   const CalibItem& Item = *State.Items[Index];
-  QString Title = Tr("Point %1").arg(Index + 1);
+  const QString Number = QString::number(Index + 1);
   const QString Value = QString::fromStdString(ShortestNumber(Item.Value));
-  if (Item.Kind == CalibItemKind::Meridian) Title += Tr(" on meridian %1").arg(Value);
-  if (Item.Kind == CalibItemKind::Parallel) Title += Tr(" on parallel %1").arg(Value);
+  QString Title;
+  if (Item.Kind == CalibItemKind::Meridian)
+    Title = CalibDocument::tr("Point %1 on meridian %2").arg(Number, Value);
+  else if (Item.Kind == CalibItemKind::Parallel)
+    Title = CalibDocument::tr("Point %1 on parallel %2").arg(Number, Value);
+  else
+    Title = CalibDocument::tr("Point %1").arg(Number);
   if (!Item.Name.isEmpty()) Title += QStringLiteral(" (%1)").arg(Item.Name);
   return Title;
 }

@@ -6,8 +6,6 @@
 #include <cmath>
 #include <string_view>
 
-#include <QCoreApplication>
-
 #include <geomap/calibration/calib_file.h>
 #include <geomap/calibration/calibration.h>
 #include <platform/base/stream.h>
@@ -15,6 +13,7 @@
 #include <platform/base/text_format.h>
 #include <platform/qt/qt_convert.h>
 
+#include "calib_document.h"
 #include "calib_side_text.h"
 #include "common/csv.h"
 
@@ -24,8 +23,6 @@ namespace {
 
 // Half a unit of the fifth decimal, which the calibration file rounds to, and a little.
 constexpr double StoredTolerance = 0.000006;
-
-QString Tr(const char* Text) { return QCoreApplication::translate("CalibDocument", Text); }
 
 // --- applying ------------------------------------------------------------------------------------
 
@@ -57,16 +54,17 @@ class Merger {
     if (OtherMap) {
       FMerge.Items = FAllStored;
       FMerge.Notes.append(
-          Tr("The file with the points' names belongs to another map and is not "
-             "used."));
+          CalibDocument::tr("The file with the points' names belongs to another map and is not "
+                            "used."));
       return;
     }
     Merged.insert(Merged.end(), Stored.begin(), Stored.end());
     FMerge.Items = std::move(Merged);
     if (FDropped > 0)
-      FMerge.Notes.append(Tr("The calibration was changed by another program: %1 points are not "
-                             "as they were, and their names are dropped.")
-                              .arg(FDropped));
+      FMerge.Notes.append(
+          CalibDocument::tr("The calibration was changed by another program: %n point(s) not "
+                            "as before; their names are dropped.",
+                            nullptr, FDropped));
   }
 
   void KeepStored() { FAllStored = FMerge.Items; }
@@ -239,12 +237,13 @@ SideMerge MergeSideText(const std::string& Text, const std::string& Id, const TC
   }
   if (Side.Unknown)
     Merge.Notes.append(
-        Tr("The file with the points' names is damaged, or was made by a newer "
-           "version; names and points that are switched off are not shown."));
+        CalibDocument::tr("The file with the points' names is damaged, or was made by a newer "
+                          "version; names and points that are switched off are not shown."));
   else if (Side.Damaged > 0)
-    Merge.Notes.append(Tr("The file with the points' names is damaged: %1 of its lines could not "
-                          "be read.")
-                           .arg(Side.Damaged));
+    Merge.Notes.append(
+        CalibDocument::tr("The file with the points' names is damaged: %n of its lines could not "
+                          "be read.",
+                          nullptr, Side.Damaged));
   return Merge;
 }
 

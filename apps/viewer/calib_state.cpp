@@ -4,13 +4,11 @@
 
 #include <algorithm>
 
-#include <QCoreApplication>
+#include "calib_document.h"
 
 namespace zav {
 
 namespace {
-
-QString Tr(const char* Text) { return QCoreApplication::translate("CalibDocument", Text); }
 
 LineCount* FindLine(std::vector<LineCount>& Lines, const CalibItem& Item) {
   for (LineCount& Each : Lines)
@@ -137,13 +135,14 @@ UtmGrid GridOfItems(const std::vector<CalibItemPtr>& Items, TGeoEllipsoid Ellips
 QString LimitProblem(const std::vector<CalibItemPtr>& Items) {
   const auto Points = std::count_if(Items.begin(), Items.end(),
                                     [](const CalibItemPtr& Each) { return !Each->IsLinePoint(); });
-  if (Points > MaxCalQuads) return Tr("A map has at most %1 control points.").arg(MaxCalQuads);
+  if (Points > MaxCalQuads)
+    return CalibDocument::tr("A map has at most %1 control points.").arg(MaxCalQuads);
   const std::vector<LineCount> Lines = CountLines(Items, false);
   if (Lines.size() > static_cast<size_t>(MaxCalLines))
-    return Tr("A map has at most %1 graticule lines.").arg(MaxCalLines);
+    return CalibDocument::tr("A map has at most %1 graticule lines.").arg(MaxCalLines);
   for (const LineCount& Each : Lines)
     if (Each.Points > MaxCalLinePoints)
-      return Tr("A graticule line has at most %1 points.").arg(MaxCalLinePoints);
+      return CalibDocument::tr("A graticule line has at most %1 points.").arg(MaxCalLinePoints);
   return {};
 }
 

@@ -4,11 +4,12 @@
 #include <array>
 #include <cmath>
 
-#include <QCoreApplication>
+#include <QLocale>
 #include <QStringList>
 
 #include <platform/base/text_format.h>
 
+#include "calib_document.h"
 #include "calib_figures.h"
 #include "common/calibration_doubts.h"
 #include "map_source.h"
@@ -26,11 +27,7 @@ constexpr double MistypedPixels = 5;
 // The calibration file stores degrees to five decimals, metres on a meridian.
 constexpr double StoredStep = 1.11;
 
-QString Tr(const char* Text) { return QCoreApplication::translate("CalibDocument", Text); }
-
-QString Number(double Value, int Decimals) {
-  return QString::fromStdString(FormatFixedNumber(Value, 1, Decimals));
-}
+QString Number(double Value, int Decimals) { return QLocale().toString(Value, 'f', Decimals); }
 
 class Collector {
  public:
@@ -38,9 +35,11 @@ class Collector {
 
   std::vector<CalibWarning> All() {
     if (FState.Model == TCalibModel::cmUndefined) {
-      Add(NoModel, Tr("No model is chosen, so the map tells no positions. Choose one; \"%1\" needs "
-                      "the fewest points.")
-                       .arg(ModelName(TCalibModel::cmEquiRect)));
+      Add(NoModel,
+          CalibDocument::tr(
+              "No model is chosen, so the map tells no positions. Choose one; \"%1\" needs "
+              "the fewest points.")
+              .arg(ModelName(TCalibModel::cmEquiRect)));
       return std::move(FWarnings);
     }
     CheckZones();
@@ -77,14 +76,17 @@ void Collector::TellTooFew() {
   const int Count = FFit.Record.Data.NumCalQuads;
   const int Needed = PointsNeeded(FState.Model);
   const QString Model = ModelName(FState.Model);
-  const QString There = Count == 0   ? Tr("there is none")
-                        : Count == 1 ? Tr("there is 1")
-                                     : Tr("there are %1").arg(Count);
-  Add(TooFew, Tr("\"%1\" needs at least %2 points, and %3. Add %4 more, spread over the map.")
-                  .arg(Model)
-                  .arg(Needed)
-                  .arg(There)
-                  .arg(Needed - Count));
+  const QString Text = Count == 0 ? CalibDocument::tr(
+                                        "\"%1\" needs at least %2 points, and there is none. Add "
+                                        "%3 more, spread over the map.")
+                       : Count == 1 ? CalibDocument::tr(
+                                          "\"%1\" needs at least %2 points, and there is 1. Add %3 "
+                                          "more, spread over the map.")
+                                    : CalibDocument::tr(
+                                          "\"%1\" needs at least %2 points, and there are %n. Add "
+                                          "%3 more, spread over the map.",
+                                          nullptr, Count);
+  Add(TooFew, Text.arg(Model).arg(Needed).arg(Needed - Count));
 }
 
 void Collector::Tell(const TDoubt& Doubt) {
@@ -92,33 +94,39 @@ void Collector::Tell(const TDoubt& Doubt) {
     case TDoubtKind::TooFew:
       return TellTooFew();
     case TDoubtKind::Undetermined:
-      return Add(Undetermined,
-                 FState.Model == TCalibModel::cmBiquadraticPn
-                     ? Tr("The points lie in a row or on one curve, so the map is not determined "
-                          "away from it. Add points in the middle and in the corners.")
-                     : Tr("The points lie in a row, so the map is not determined to its sides. Add "
-                          "a point far from that row."));
+      return Add(
+          Undetermined,
+          FState.Model == TCalibModel::cmBiquadraticPn
+              ? CalibDocument::tr(
+                    "The points lie in a row or on one curve, so the map is not determined "
+                    "away from it. Add points in the middle and in the corners.")
+              : CalibDocument::tr(
+                    "The points lie in a row, so the map is not determined to its sides. Add "
+                    "a point far from that row."));
     case TDoubtKind::NothingToCheck:
       return Add(NothingToCheck,
-                 Tr("The points are just enough for this model: it meets them all, even wrong "
-                    "ones. Add one more to see how good they are."));
+                 CalibDocument::tr(
+                     "The points are just enough for this model: it meets them all, even wrong "
+                     "ones. Add one more to see how good they are."));
     case TDoubtKind::OutsideImage:
       return Add(OutsideImage,
-                 Tr("%1 is outside the image, at pixel %2, %3.")
+                 CalibDocument::tr("%1 is outside the image, at pixel %2, %3.")
                      .arg(TitleOfRow(Doubt.Index))
                      .arg(ItemOfRow(Doubt.Index).Pixel.X)
                      .arg(ItemOfRow(Doubt.Index).Pixel.Y),
                  ItemOfRow(Doubt.Index).Id);
     case TDoubtKind::PoleAstray:
       return Add(PoleAstray,
-                 Tr("The search for the point in which the meridians meet has gone astray with "
-                    "these points, though they are good for about %1 pixels. Add points in other "
-                    "parts of the map, best in all corners.")
+                 CalibDocument::tr(
+                     "The search for the point in which the meridians meet has gone astray with "
+                     "these points, though they are good for about %1 pixels. Add points in other "
+                     "parts of the map, best in all corners.")
                      .arg(Number(Doubt.Pixels, 1)));
     case TDoubtKind::Disagrees:
       return Add(Disagrees,
-                 Tr("%1 disagrees with the rest: the others put it %2 pixels away. Check its "
-                    "position and its pixel.")
+                 CalibDocument::tr(
+                     "%1 disagrees with the rest: the others put it %2 pixels away. Check its "
+                     "position and its pixel.")
                          .arg(TitleOfRow(Doubt.Index), Number(Doubt.Pixels, 1)) +
                      Mistyping(FFit.Record.Rows[Doubt.Index]),
                  ItemOfRow(Doubt.Index).Id);
@@ -137,9 +145,9 @@ QString Collector::Mistyping(size_t Item) const {
     TCoords Meant;
     QString Text;
   } Slips[] = {
-      {{P.Longit, P.Latit}, Tr(" It fits with latitude and longitude exchanged.")},
-      {{-P.Latit, P.Longit}, Tr(" It fits on the other side of the equator (N, S).")},
-      {{P.Latit, -P.Longit}, Tr(" It fits on the other side of Greenwich (E, W).")},
+      {{P.Longit, P.Latit}, CalibDocument::tr("It fits with latitude and longitude exchanged.")},
+      {{-P.Latit, P.Longit}, CalibDocument::tr("It fits on the other side of the equator (N, S).")},
+      {{P.Latit, -P.Longit}, CalibDocument::tr("It fits on the other side of Greenwich (E, W).")},
   };
   for (const auto& Slip : Slips) {
     if (std::abs(Slip.Meant.Latit) > 90) continue;
@@ -151,7 +159,7 @@ QString Collector::Mistyping(size_t Item) const {
     Others.Items.push_back(std::make_shared<const CalibItem>(Typed));
     const CalibFit Fit(Others);
     const CalibResidual& Miss = Fit.Residuals.back();
-    if (Miss.Valid && Miss.Pixels < MistypedPixels) return Slip.Text;
+    if (Miss.Valid && Miss.Pixels < MistypedPixels) return QLatin1Char(' ') + Slip.Text;
   }
   return {};
 }
@@ -159,8 +167,9 @@ QString Collector::Mistyping(size_t Item) const {
 void Collector::CheckZones() {
   const bool Utm = FState.Model == TCalibModel::cmUTM;
   if (Utm && FState.Grid.Zone == 0) {
-    Add(ZoneMissing, Tr("The map has no UTM zone, so it tells no positions. Set zone and "
-                        "hemisphere; they are printed on the sheet's margin."));
+    Add(ZoneMissing,
+        CalibDocument::tr("The map has no UTM zone, so it tells no positions. Set zone and "
+                          "hemisphere; they are printed on the sheet's margin."));
     return;
   }
   int Others = 0;
@@ -169,8 +178,9 @@ void Collector::CheckZones() {
     if (Item.IsLinePoint() || !Item.Enabled) continue;
     if (!DegreesOf(Item.Position, FState.Grid)) {
       Add(ZoneMissing,
-          Tr("%1 is in UTM metres without a zone and is not used. Set the map's zone, or type the "
-             "position with one.")
+          CalibDocument::tr(
+              "%1 is in UTM metres without a zone and is not used. Set the map's zone, or type the "
+              "position with one.")
               .arg(ItemTitle(FState, i)),
           Item.Id);
       continue;
@@ -180,16 +190,16 @@ void Collector::CheckZones() {
     ++Others;
     const QString Text =
         Others == 1
-            ? Tr("%1 lies in zone %2, the map is in zone %3. It is converted; check the zone.")
-            : Tr("%4 points do not lie in the map's zone %3, first of all %1 in zone %2. "
-                 "They are converted; check the zones.");
+            ? CalibDocument::tr(
+                  "%1 lies in zone %2, the map is in zone %3. It is converted; check the zone.")
+            : CalibDocument::tr(
+                  "%n points do not lie in the map's zone %3, first of all %1 in zone %2. "
+                  "They are converted; check the zones.",
+                  nullptr, Others);
     std::erase_if(FWarnings, [](const CalibWarning& Each) { return Each.Kind == OtherZone; });
     Add(OtherZone,
-        QString(Text)
-            .replace(QLatin1String("%3"), QString::number(FState.Grid.Zone))
-            .replace(QLatin1String("%4"), QString::number(Others))
-            .replace(QLatin1String("%2"), QString::number(Own.Zone))
-            .replace(QLatin1String("%1"), ItemTitle(FState, i)),
+        Text.arg(ItemTitle(FState, i), QString::number(Own.Zone),
+                 QString::number(FState.Grid.Zone)),
         Item.Id);
   }
 }
@@ -201,24 +211,30 @@ void Collector::CheckLines() {
     if (Line.Points >= MinLinePoints) {
       ++Complete[Parallel ? 1 : 0];
     } else if (Line.Points > 0) {
+      const int Missing = MinLinePoints - Line.Points;
       Add(LineNotUsed,
-          (Parallel ? Tr("Parallel %1 is not used yet: a line needs 3 points, add %2 more.")
-                    : Tr("Meridian %1 is not used yet: a line needs 3 points, add %2 more."))
-              .arg(QString::fromStdString(ShortestNumber(Line.Value)))
-              .arg(MinLinePoints - Line.Points));
+          (Parallel ? CalibDocument::tr(
+                          "Parallel %1 is not used yet: a line needs 3 points, add %n more.",
+                          nullptr, Missing)
+                    : CalibDocument::tr(
+                          "Meridian %1 is not used yet: a line needs 3 points, add %n more.",
+                          nullptr, Missing))
+              .arg(QString::fromStdString(ShortestNumber(Line.Value))));
     }
   }
   if (Complete[0] < 2 || Complete[1] < 2)
-    Add(TooFew, Tr("\"%1\" needs two meridians and two parallels of at least 3 points each; "
-                   "complete are %2 and %3.")
-                    .arg(ModelName(FState.Model))
-                    .arg(Complete[0])
-                    .arg(Complete[1]));
+    Add(TooFew,
+        CalibDocument::tr("\"%1\" needs two meridians and two parallels of at least 3 points each; "
+                          "complete are %2 and %3.")
+            .arg(ModelName(FState.Model))
+            .arg(Complete[0])
+            .arg(Complete[1]));
 }
 
 void Collector::CheckCorners() {
   const std::vector<double> Growth = GrowthAtCorners(FFit.Calibration, FFit.Table);
-  const std::array Names{Tr("top left"), Tr("bottom left"), Tr("bottom right"), Tr("top right")};
+  const std::array Names{CalibDocument::tr("top left"), CalibDocument::tr("bottom left"),
+                         CalibDocument::tr("bottom right"), CalibDocument::tr("top right")};
   QStringList Far;
   double Most = 0;
   for (size_t i = 0; i < Growth.size(); ++i) {
@@ -227,15 +243,17 @@ void Collector::CheckCorners() {
     Most = std::max(Most, Growth[i]);
   }
   if (Far.isEmpty()) return;
-  Add(FarCorner, Tr("The map is a guess in its corners (%1): an error of one pixel in the points "
-                    "grows to about %2 pixels there. Add points nearer to them.")
+  Add(FarCorner, CalibDocument::tr(
+                     "The map is a guess in its corners (%1): an error of one pixel in the points "
+                     "grows to about %2 pixels there. Add points nearer to them.")
                      .arg(Far.join(QStringLiteral(", ")), Number(Most, 0)));
 }
 
 void Collector::CheckStorage() {
   if (FState.Grid.Zone == 60)
-    Add(NotStored, Tr("Calibration files cannot hold zone 60. This program keeps it in a file of "
-                      "its own beside; other programs will find no zone."));
+    Add(NotStored, CalibDocument::tr(
+                       "Calibration files cannot hold zone 60. This program keeps it in a file of "
+                       "its own beside; other programs will find no zone."));
   const double Resolution = FFit.Calibration.Data().Resolution;
   if (FState.Model == TCalibModel::cmUTM || FState.Model == TCalibModel::cmParabolicIp ||
       Resolution <= 0 || Resolution >= StoredStep)
@@ -250,9 +268,10 @@ void Collector::CheckStorage() {
       });
   if (Cut)
     Add(PixelsTooFine,
-        Tr("Calibration files hold degrees to five decimals, about 1 metre, and a pixel of this "
-           "map is %1 metres. Other programs will find the points off by up to a pixel or more; "
-           "\"%2\" stores metres and has no such limit.")
+        CalibDocument::tr(
+            "Calibration files hold degrees to five decimals, about 1 metre, and a pixel of this "
+            "map is %1 metres. Other programs will find the points off by up to a pixel or more; "
+            "\"%2\" stores metres and has no such limit.")
             .arg(Number(Resolution, 2), ModelName(TCalibModel::cmUTM)));
 }
 

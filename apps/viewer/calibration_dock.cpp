@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "calibration_dock.h"
 
+#include <algorithm>
 #include <array>
 
 #include <QAccessible>
@@ -13,6 +14,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QLocale>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTableView>
@@ -80,8 +82,9 @@ bool IsMetres(CalibFigure Figure) {
 QString FigureText(CalibFigure Figure, const CalibQuality& Quality) {
   if (!Quality.Valid) return QStringLiteral("-");
   const double Value = Quality.Value(Figure);
-  return IsMetres(Figure) ? CalibrationDock::tr("%1 m").arg(Value, 0, 'f', Value < 100 ? 2 : 0)
-                          : CalibrationDock::tr("%1 px").arg(Value, 0, 'f', 2);
+  return IsMetres(Figure)
+             ? CalibrationDock::tr("%1 m").arg(QLocale().toString(Value, 'f', Value < 100 ? 2 : 0))
+             : CalibrationDock::tr("%1 px").arg(QLocale().toString(Value, 'f', 2));
 }
 
 }  // namespace
@@ -191,13 +194,18 @@ QWidget* CalibrationDock::makeTable() {
   FTable->verticalHeader()->setDefaultSectionSize(FTable->fontMetrics().height() + 6);
   FTable->horizontalHeader()->setHighlightSections(false);
   FTable->horizontalHeader()->setMinimumSectionSize(30);
-  const auto Width = [this](const char* Text) {
-    return FTable->fontMetrics().horizontalAdvance(QLatin1String(Text)) + 12;
+  // As wide as an example and the header, whatever its language.
+  const auto SetWidth = [this](int Column, const char* Example, int More) {
+    const QFontMetrics Metrics = FTable->fontMetrics();
+    const QString Header = FModel->headerData(Column, Qt::Horizontal, Qt::DisplayRole).toString();
+    const int Widest = std::max(Metrics.horizontalAdvance(QLatin1String(Example)),
+                                Metrics.horizontalAdvance(Header));
+    FTable->setColumnWidth(Column, Widest + 12 + More);
   };
-  FTable->setColumnWidth(CalibrationTable::Number, Width("888") + 22);
-  FTable->setColumnWidth(CalibrationTable::Name, Width("Church 88"));
-  FTable->setColumnWidth(CalibrationTable::Pixels, Width("Off by px") + 18);
-  FTable->setColumnWidth(CalibrationTable::Metres, Width("88888 m"));
+  SetWidth(CalibrationTable::Number, "888", 22);
+  SetWidth(CalibrationTable::Name, "Church 88", 0);
+  SetWidth(CalibrationTable::Pixels, "888.88", 18);
+  SetWidth(CalibrationTable::Metres, "88888 m", 0);
   FTable->horizontalHeader()->setSectionResizeMode(CalibrationTable::Position,
                                                    QHeaderView::ResizeToContents);
   // How good a point is must be seen without scrolling; its pixel is on the map.

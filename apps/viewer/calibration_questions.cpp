@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <cmath>
 
+#include <QLocale>
+
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_convert.h>
 
@@ -100,7 +102,7 @@ QString CalibrationTool::distanceText(const TCoords& Position) const {
   if (!FDocument.calibration().ToPixel(Position.Latit, Position.Longit, X, Y)) return {};
   const TPoint Here = FPending ? *FPending : Item->Pixel;
   return tr("The other points put it %1 pixels from here.")
-      .arg(std::hypot(X - Here.X, Y - Here.Y), 0, 'f', 1);
+      .arg(QLocale().toString(std::hypot(X - Here.X, Y - Here.Y), 'f', 1));
 }
 
 CalibrationEditor::Reading CalibrationTool::readText(const QString& Text) const {

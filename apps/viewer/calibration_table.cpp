@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include <QFont>
+#include <QLocale>
 #include <QPalette>
 #include <QRegularExpression>
 
@@ -17,7 +18,7 @@ namespace zav {
 
 namespace {
 
-QString FixedText(double Value, int Decimals) { return QString::number(Value, 'f', Decimals); }
+QString FixedText(double Value, int Decimals) { return QLocale().toString(Value, 'f', Decimals); }
 
 // As many digits as make sense for a length on the ground.
 QString MetresText(double Metres) {

@@ -30,7 +30,9 @@ constexpr std::array GraticuleNames{
     GraticuleName{"points-and-utm-grid", GeoMapWidget::Graticule::PointsAndUtmGrid},
 };
 
-QString Tr(const char* Text) { return QCoreApplication::translate("CommandLine", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
 
 QString GraticuleList() {
   QStringList Names;
@@ -69,37 +71,40 @@ void ReadOption(const QCommandLineParser& Parser, const char* Name, Parse Read,
   if (!Parser.isSet(Option)) return;
   Target = Read(Parser.value(Option));
   if (!Target && Error.isEmpty())
-    Error = Tr("--%1: \"%2\" will not do; it takes %3").arg(Option, Parser.value(Option), Wanted);
+    Error = Texts::tr("--%1: \"%2\" will not do; it takes %3")
+                .arg(Option, Parser.value(Option), Wanted);
 }
 
 void AddOptions(QCommandLineParser& Parser) {
-  Parser.setApplicationDescription(Tr("Shows calibrated maps and reads positions off them."));
+  Parser.setApplicationDescription(
+      Texts::tr("Shows calibrated maps and reads positions off them."));
   Parser.addHelpOption();
   Parser.addVersionOption();
   Parser.addPositionalArgument(
       QStringLiteral("files"),
-      Tr("Calibration files (.xml), images (.jpg, .bmp), folders of them, lists of maps "
-         "(.zavatlas)."),
+      Texts::tr("Calibration files (.xml), images (.jpg, .bmp), folders of them, lists of maps "
+                "(.zavatlas)."),
       QStringLiteral("[files...]"));
   Parser.addOptions({
-      {QStringLiteral("graticule"), Tr("What is drawn over the map: %1.").arg(GraticuleList()),
-       QStringLiteral("KIND")},
-      {QStringLiteral("fit"), Tr("Show the whole map.")},
-      {QStringLiteral("magnification"), Tr("Screen pixels for a pixel of the map, 0.5 to 2."),
-       QStringLiteral("M")},
-      {QStringLiteral("center"), Tr("Position in the middle of the view, in degrees."),
+      {QStringLiteral("graticule"),
+       Texts::tr("What is drawn over the map: %1.").arg(GraticuleList()), QStringLiteral("KIND")},
+      {QStringLiteral("fit"), Texts::tr("Show the whole map.")},
+      {QStringLiteral("magnification"),
+       Texts::tr("Screen pixels for a pixel of the map, 0.5 to 2."), QStringLiteral("M")},
+      {QStringLiteral("center"), Texts::tr("Position in the middle of the view, in degrees."),
        QStringLiteral("LAT,LONG")},
+      {QStringLiteral("language"),
+       Texts::tr("Language of the texts, as de or en; without it that of the system."),
+       QStringLiteral("CODE")},
       {QStringLiteral("screenshot"),
-       Tr("Write the window as a picture to FILE and end; needs no display."),
+       Texts::tr("Write the window as a picture to FILE and end; needs no display."),
        QStringLiteral("FILE")},
-      {QStringLiteral("size"), Tr("Size of the window, 200x150 to 8000x8000."),
+      {QStringLiteral("size"), Texts::tr("Size of the window, 200x150 to 8000x8000."),
        QStringLiteral("WxH")},
   });
 }
 
-}  // namespace
-
-CommandLine ParseCommandLine(const QStringList& Arguments) {
+CommandLine ReadCommandLine(const QStringList& Arguments) {
   CommandLine Result;
   QCommandLineParser Parser;
   AddOptions(Parser);
@@ -121,17 +126,26 @@ CommandLine ParseCommandLine(const QStringList& Arguments) {
   Options.Fit = Parser.isSet(QStringLiteral("fit"));
   Options.Screenshot = Parser.value(QStringLiteral("screenshot"));
   ReadOption(Parser, "graticule", ParseGraticule, GraticuleList(), Options.Graticule, Result.Error);
-  ReadOption(Parser, "magnification", ParseMagnification, Tr("a number from 0.5 to 2"),
+  ReadOption(Parser, "magnification", ParseMagnification, Texts::tr("a number from 0.5 to 2"),
              Options.Magnification, Result.Error);
-  ReadOption(Parser, "center", ParsePosition, Tr("LAT,LONG in degrees, such as 46.5,8.25"),
+  ReadOption(Parser, "center", ParsePosition, Texts::tr("LAT,LONG in degrees, such as 46.5,8.25"),
              Options.Center, Result.Error);
-  ReadOption(Parser, "size", ParseSize, Tr("WxH in pixels, 200x150 to 8000x8000"), Options.Size,
-             Result.Error);
+  ReadOption(Parser, "size", ParseSize, Texts::tr("WxH in pixels, 200x150 to 8000x8000"),
+             Options.Size, Result.Error);
   if (Result.Error.isEmpty() && Options.Fit && Options.Magnification)
-    Result.Error = Tr("--fit chooses the magnification itself; leave out --magnification");
+    Result.Error = Texts::tr("--fit chooses the magnification itself; leave out --magnification");
   if (Result.Error.isEmpty() && Parser.isSet(QStringLiteral("screenshot")) &&
       Options.Screenshot.isEmpty())
-    Result.Error = Tr("--screenshot takes the name of the file to write");
+    Result.Error = Texts::tr("--screenshot takes the name of the file to write");
+  return Result;
+}
+
+}  // namespace
+
+CommandLine ParseCommandLine(const QStringList& Arguments) {
+  CommandLine Result = ReadCommandLine(Arguments);
+  if (!Result.Error.isEmpty())
+    Result.Error = Texts::tr("%1 (zavgeo-viewer --help tells the options)").arg(Result.Error);
   return Result;
 }
 

@@ -82,7 +82,8 @@ QString ExportMenu::proposal() const {
 void ExportMenu::savePart(const TMapPart& Part) {
   QString Written;
   const QString Problem = AskAndSavePicture(&FWindow, FWidget.map(), Part,
-                                            proposal() + tr(" picture"), protectedFiles(), Written);
+                                            tr("%1 picture", "name of a file").arg(proposal()),
+                                            protectedFiles(), Written);
   if (!Problem.isEmpty()) emit problem(Problem);
   if (Written.isEmpty()) return;
   if (FSettings != nullptr) FSettings->setValue(FolderKey, QFileInfo(Written).absolutePath());
@@ -165,7 +166,8 @@ void ExportMenu::saveMap() {
   Dialog.setObjectName(QStringLiteral("saveMap"));
   Dialog.setAcceptMode(QFileDialog::AcceptSave);
   Dialog.setDefaultSuffix(QStringLiteral("jpg"));
-  Dialog.selectFile(QFileInfo(proposal()).fileName() + tr(" copy") + QStringLiteral(".jpg"));
+  Dialog.selectFile(tr("%1 copy", "name of a file").arg(QFileInfo(proposal()).fileName()) +
+                    QStringLiteral(".jpg"));
   if (Dialog.exec() != QDialog::Accepted) return;
   const QString Path = Dialog.selectedFiles().constFirst();
   const QString Problem = saveMapTo(Path);

@@ -27,7 +27,9 @@ namespace zav {
 
 namespace {
 
-QString Tr(const char* Text) { return QCoreApplication::translate("ExportPicture", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(ExportPicture)
+};
 
 QRect WholeImage(const TGeoMap& Map) { return {0, 0, Map.MapImgWidth(), Map.MapImgHeight()}; }
 
@@ -99,33 +101,38 @@ QString SavePicture(const TBitmap& Picture, const QString& Path, const QStringLi
   const QString Suffix = QFileInfo(Path).suffix().toLower();
   static const QStringList Known = {QStringLiteral("png"), QStringLiteral("jpg"),
                                     QStringLiteral("jpeg"), QStringLiteral("bmp")};
-  if (Picture.Empty()) return Tr("There is nothing to save: no part of a map is shown.");
+  if (Picture.Empty()) return Texts::tr("There is nothing to save: no part of a map is shown.");
   if (!Known.contains(Suffix))
-    return Tr("\"%1\" cannot be written: the name must end in .png, .jpg or .bmp.").arg(Native);
+    return Texts::tr("\"%1\" cannot be written: the name must end in .png, .jpg or .bmp.")
+        .arg(Native);
   for (const QString& Each : Protected)
     if (IsSameFile(FromQString(Path), FromQString(Each)))
-      return Tr("\"%1\" belongs to the map that is shown. Save the picture under another name.")
+      return Texts::tr(
+                 "\"%1\" belongs to the map that is shown. Save the picture under another name.")
           .arg(Native);
   try {
     Write(Picture, Suffix, FromQString(Path));
     return {};
   } catch (const EInOutError& Error) {
-    return Tr("The picture \"%1\" cannot be written: %2. Choose another folder or make room on the "
-              "disk.")
-        .arg(Native, ToQString(Error.Reason()));
+    return Texts::
+        tr("The picture \"%1\" cannot be written: %2. Choose another folder or make room on the "
+           "disk.")
+            .arg(Native, ToQString(Error.Reason()));
   } catch (const std::exception& Error) {
-    return Tr("The picture \"%1\" cannot be written: %2.").arg(Native, ToQString(Error.what()));
+    return Texts::tr("The picture \"%1\" cannot be written: %2.")
+        .arg(Native, ToQString(Error.what()));
   }
 }
 
 QString AskAndSavePicture(QWidget* Parent, TGeoMap& Map, const TMapPart& Part,
                           const QString& Proposal, const QStringList& Protected, QString& Written) {
   Written.clear();
-  QFileDialog Dialog(Parent, Tr("Save Picture"), QFileInfo(Proposal).path());
+  QFileDialog Dialog(Parent, Texts::tr("Save Picture"), QFileInfo(Proposal).path());
   Dialog.setObjectName(QStringLiteral("savePicture"));
   Dialog.setAcceptMode(QFileDialog::AcceptSave);
-  const QStringList Filters = {Tr("PNG, all pixels as they are (*.png)"),
-                               Tr("JPEG, a smaller file (*.jpg *.jpeg)"), Tr("BMP (*.bmp)")};
+  const QStringList Filters = {Texts::tr("PNG, all pixels as they are (*.png)"),
+                               Texts::tr("JPEG, a smaller file (*.jpg *.jpeg)"),
+                               Texts::tr("BMP (*.bmp)")};
   const QStringList Suffixes = {QStringLiteral("png"), QStringLiteral("jpg"),
                                 QStringLiteral("bmp")};
   Dialog.setNameFilters(Filters);

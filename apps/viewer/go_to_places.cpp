@@ -15,7 +15,9 @@ namespace zav {
 
 namespace {
 
-QString Tr(const char* Text) { return QCoreApplication::translate("GoTo", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(GoTo)
+};
 
 template <typename TShort>
 QString Q(const TShort& Text) {
@@ -24,7 +26,7 @@ QString Q(const TShort& Text) {
 }
 
 QString CapitalText(const TCountryData& Country) {
-  return Tr("%1, capital of %2").arg(Q(Country.Capital), Q(Country.Name));
+  return Texts::tr("%1, capital of %2").arg(Q(Country.Capital), Q(Country.Name));
 }
 
 QString CountryText(const TCountryData& Country) {
@@ -54,7 +56,8 @@ GoToResult FindName(const QString& Text) {
   if (Capitals.empty()) return {};
   QStringList Choices;
   for (const TCountryData* Each : Capitals) Choices << CapitalText(*Each);
-  return {std::nullopt, Tr("There are several: %1.").arg(Choices.join(QStringLiteral("; ")))};
+  return {std::nullopt,
+          Texts::tr("There are several: %1.").arg(Choices.join(QStringLiteral("; ")))};
 }
 
 }  // namespace
@@ -71,7 +74,7 @@ GoToResult FindPlace(const QString& Text, TGeoEllipsoid Ellipsoid) {
     // Without a digit it was meant to be a name.
     for (const QChar Each : Typed)
       if (Each.isDigit()) return {std::nullopt, QString::fromUtf8(Error.what())};
-    return {std::nullopt, Tr("\"%1\" is no country or capital.").arg(Typed)};
+    return {std::nullopt, Texts::tr("\"%1\" is no country or capital.").arg(Typed)};
   }
 }
 

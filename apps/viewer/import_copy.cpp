@@ -21,14 +21,16 @@ namespace zav {
 
 namespace {
 
-QString Tr(const char* Text) { return QCoreApplication::translate("ImportCopy", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(ImportCopy)
+};
 QString Native(const QString& Path) { return QDir::toNativeSeparators(Path); }
 TSize ToSize(QSize Size) { return {Size.width(), Size.height()}; }
 qint64 PixelsOf(QSize Size) { return qint64{Size.width()} * Size.height(); }
 
 QString SizeText(QSize Size) {
   const QLocale Locale;
-  return Tr("%1 x %2").arg(Locale.toString(Size.width()), Locale.toString(Size.height()));
+  return Texts::tr("%1 x %2").arg(Locale.toString(Size.width()), Locale.toString(Size.height()));
 }
 
 // The size of a picture that the library does not read itself; empty when nobody does.
@@ -71,22 +73,24 @@ void WriteOfferText(ImportOffer& Offer, bool Convert) {
   const bool Reduce = Offer.NewSize != Offer.Size;
   const QString Why =
       Reduce
-          ? Tr("The image \"%1\" has %2 pixels; a map may have %3 at most.")
+          ? Texts::tr("The image \"%1\" has %2 pixels; a map may have %3 at most.")
                 .arg(Native(Offer.Source), SizeText(Offer.Size), QLocale().toString(MaxMapPixels))
-          : Tr("Files of the kind \"%1\" cannot be shown as they are: \"%2\".")
+          : Texts::tr("Files of the kind \"%1\" cannot be shown as they are: \"%2\".")
                 .arg(QFileInfo(Offer.Source).suffix().toUpper(), Native(Offer.Source));
-  const QString Copy = Reduce ? Tr("A smaller copy of %1 pixels").arg(SizeText(Offer.NewSize))
-                              : Tr("A copy as JPEG");
+  const QString Copy = Reduce
+                           ? Texts::tr("A smaller copy of %1 pixels").arg(SizeText(Offer.NewSize))
+                           : Texts::tr("A copy as JPEG");
   const QString What =
       Offer.Calibration.isEmpty()
-          ? Tr("%1 can be written beside it: \"%2\". The original stays as it is.")
+          ? Texts::tr("%1 can be written beside it: \"%2\". The original stays as it is.")
                 .arg(Copy, QFileInfo(Offer.NewImage).fileName())
-          : Tr("%1 can be written beside it, with its calibration: \"%2\", \"%3\". The originals "
-               "stay as they are.")
+          : Texts::tr(
+                "%1 can be written beside it, with its calibration: \"%2\", \"%3\". The originals "
+                "stay as they are.")
                 .arg(Copy, QFileInfo(Offer.NewImage).fileName(),
                      QFileInfo(Offer.NewCalibration).fileName());
   Offer.Text = Why + QLatin1Char(' ') + What;
-  Offer.Answer = Reduce && !Convert ? Tr("Write Smaller Copy") : Tr("Write Copy");
+  Offer.Answer = Reduce && !Convert ? Texts::tr("Write Smaller Copy") : Texts::tr("Write Copy");
 }
 
 // The calibration for the copy. Names and switched-off points come along.
@@ -131,10 +135,10 @@ ImportResult WriteImport(const ImportOffer& Offer) {
     if (!Offer.NewCalibration.isEmpty()) Result.Problem = WriteCalibration(Offer);
     if (!Result.Problem.isEmpty()) QFile::remove(Offer.NewImage);
   } catch (const EInOutError& Error) {
-    Result.Problem = Tr("The copy cannot be made: \"%1\": %2.")
+    Result.Problem = Texts::tr("The copy cannot be made: \"%1\": %2.")
                          .arg(Native(ToQString(Error.Path())), ToQString(Error.Reason()));
   } catch (const std::exception& Error) {
-    Result.Problem = Tr("The copy cannot be made: %1.").arg(ToQString(Error.what()));
+    Result.Problem = Texts::tr("The copy cannot be made: %1.").arg(ToQString(Error.what()));
   }
   Result.Path = Offer.NewCalibration.isEmpty() ? Offer.NewImage : Offer.NewCalibration;
   return Result;

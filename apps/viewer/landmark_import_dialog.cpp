@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "landmark_import_dialog.h"
 
+#include <array>
 #include <fstream>
 
 #include <QComboBox>
@@ -22,33 +23,38 @@ namespace zav {
 
 namespace {
 
-// Name of a field for people.
+// The fields as people know them, in the order of TLandMarkField.
+constexpr std::array<const char*, NumLandMarkFields> FieldTitles{
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Latitude"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Longitude"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Altitude"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Class (0 to 255)"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Tag"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Identifier"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Time"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Symbol"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Symbol size"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Symbol color"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Symbol fill"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Symbol filled"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Symbol direction"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Symbol length"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption size"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption font"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption style"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption color"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption ground"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption filled"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption dx"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption dy"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption direction"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption halign"),
+    QT_TRANSLATE_NOOP("zav::LandmarkImportDialog", "Caption valign"),
+};
+
 QString FieldTitle(TLandMarkField Field) {
-  using enum TLandMarkField;
-  switch (Field) {
-    case lfName:
-      return LandmarkImportDialog::tr("Caption");
-    case lfLat:
-      return LandmarkImportDialog::tr("Latitude");
-    case lfLong:
-      return LandmarkImportDialog::tr("Longitude");
-    case lfAltitude:
-      return LandmarkImportDialog::tr("Altitude");
-    case lfClass:
-      return LandmarkImportDialog::tr("Class (0 to 255)");
-    case lfTag:
-      return LandmarkImportDialog::tr("Tag");
-    case lfId:
-      return LandmarkImportDialog::tr("Identifier");
-    case lfTime:
-      return LandmarkImportDialog::tr("Time");
-    default: {
-      QString Name =
-          ToQString(LandMarkFieldName(Field)).replace(QLatin1Char('_'), QLatin1Char(' '));
-      Name[0] = Name[0].toUpper();
-      return Name;
-    }
-  }
+  return LandmarkImportDialog::tr(FieldTitles.at(static_cast<size_t>(Field)));
 }
 
 bool IsNeeded(size_t Field) { return !LandMarkColumn(static_cast<TLandMarkField>(Field)).Optional; }

@@ -24,23 +24,37 @@ void FillWithDefaults(TSymbolRepository& Symbols) {
     const char* Name;
     TSymbolProperties Look;
   } Defaults[] = {
-      {"Cross", {lmCross, 7, clBlue, clWhite, false, 0, 10}},
-      {"Small cross", {lmCross, 4, clBlack, clWhite, false, 0, 10}},
-      {"Large town", {lmSquare, 6, clBlack, clRed, false, 0, 10}},
-      {"Town", {lmCircle, 5, clBlack, clWhite, false, 0, 10}},
-      {"Village", {lmCircle, 3, clBlack, clWhite, false, 0, 10}},
-      {"Summit", {lmTriangle, 7, Brown, Orange, false, 0, 10}},
-      {"Church", {lmCrossBox, 5, clBlack, clWhite, false, 0, 10}},
-      {"Forest", {lmSpade, 6, Green, Green, false, 0, 10}},
-      {"Water", {lmSpade, 5, clBlue, RgbColor(0x80, 0xc0, 0xff), false, 0, 10}},
-      {"Sight", {lmCircle, 6, clRed, clYellow, false, 0, 10}},
-      {"Area", {lmCircle, 12, clRed, clWhite, true, 0, 10}},
-      {"View to", {lmArrowFrom, 8, clBlack, clYellow, false, 90, 30}},
-      {"Look here", {lmArrowTo, 10, clRed, clRed, false, 45, 30}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Cross"),
+       {lmCross, 7, clBlue, clWhite, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Small cross"),
+       {lmCross, 4, clBlack, clWhite, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Large town"),
+       {lmSquare, 6, clBlack, clRed, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Town"),
+       {lmCircle, 5, clBlack, clWhite, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Village"),
+       {lmCircle, 3, clBlack, clWhite, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Summit"),
+       {lmTriangle, 7, Brown, Orange, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Church"),
+       {lmCrossBox, 5, clBlack, clWhite, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Forest"),
+       {lmSpade, 6, Green, Green, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Water"),
+       {lmSpade, 5, clBlue, RgbColor(0x80, 0xc0, 0xff), false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Sight"),
+       {lmCircle, 6, clRed, clYellow, false, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Area"),
+       {lmCircle, 12, clRed, clWhite, true, 0, 10}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "View to"),
+       {lmArrowFrom, 8, clBlack, clYellow, false, 90, 30}},
+      {QT_TRANSLATE_NOOP("zav::LandmarkPalette", "Look here"),
+       {lmArrowTo, 10, clRed, clRed, false, 45, 30}},
   };
   Symbols.SetNEntries(static_cast<int32_t>(std::size(Defaults)));
   int32_t Index = 0;
-  for (const auto& Each : Defaults) Symbols.SetValues(++Index, {Each.Look, Each.Name, 0});
+  for (const auto& Each : Defaults)
+    Symbols.SetValues(++Index, {Each.Look, FromQString(LandmarkPalette::tr(Each.Name)), 0});
 }
 
 LandmarkPalette::LandmarkPalette(QWidget* Parent) : QListWidget(Parent) {

@@ -123,11 +123,11 @@ QWidget* LandmarkPanel::makeSymbolPage(LandmarkPalette& Palette) {
   Layout->addWidget(FSymbol);
   FLoaders.emplace_back([this] { FSymbol->setSymbol(FShown.SymbolProps); });
   connect(FSymbol, &SymbolEditor::edited, this, [this] {
-    change(tr("symbol"), [&](TLandMark& LandMark) { LandMark.SymbolProps = FSymbol->symbol(); });
+    change(tr("Symbol"), [&](TLandMark& LandMark) { LandMark.SymbolProps = FSymbol->symbol(); });
   });
   connect(&Palette, &LandmarkPalette::chosen, this, [this](const TSymbolProperties& Symbol) {
     emit finished();
-    change(tr("symbol"), [&](TLandMark& LandMark) { LandMark.SymbolProps = Symbol; });
+    change(tr("Symbol"), [&](TLandMark& LandMark) { LandMark.SymbolProps = Symbol; });
     emit finished();
   });
   return Page;
@@ -144,13 +144,13 @@ QWidget* LandmarkPanel::makeCaptionPage() {
   });
   connect(Font, &QComboBox::textActivated, this, [this](const QString& Name) {
     if (IsRecordText(FromQString(Name)))
-      change(tr("font"),
+      change(tr("Font"),
              [&](TLandMark& LandMark) { LandMark.Caption.FontName = FromQString(Name); });
   });
   connect(Font->lineEdit(), &QLineEdit::editingFinished, this, [this, Font] {
     const QString Name = Font->currentText();
     if (IsRecordText(FromQString(Name)))
-      change(tr("font"),
+      change(tr("Font"),
              [&](TLandMark& LandMark) { LandMark.Caption.FontName = FromQString(Name); });
     emit finished();
   });
@@ -166,7 +166,7 @@ QWidget* LandmarkPanel::makeCaptionPage() {
   auto* Ground = new QCheckBox(tr("Gro&und"), Page);
   FLoaders.emplace_back([this, Ground] { Ground->setChecked(!FShown.Caption.Transparent); });
   connect(Ground, &QCheckBox::clicked, this, [this](bool On) {
-    change(tr("caption"), [&](TLandMark& LandMark) { LandMark.Caption.Transparent = !On; });
+    change(tr("Caption"), [&](TLandMark& LandMark) { LandMark.Caption.Transparent = !On; });
     emit finished();
   });
   auto* Colors = new QHBoxLayout;
@@ -213,7 +213,7 @@ void LandmarkPanel::addStyles(QFormLayout& Layout) {
     FLoaders.emplace_back(
         [this, Button, Style] { Button->setChecked((FShown.Caption.FontStyles & Style) != 0); });
     connect(Button, &QToolButton::clicked, this, [this, Style](bool On) {
-      change(tr("caption"), [&](TLandMark& LandMark) {
+      change(tr("Caption"), [&](TLandMark& LandMark) {
         const unsigned Others = LandMark.Caption.FontStyles & ~unsigned{Style};
         LandMark.Caption.FontStyles = static_cast<TFontStyles>(Others | (On ? Style : 0U));
       });
@@ -238,13 +238,13 @@ void LandmarkPanel::addAlignments(QFormLayout& Layout) {
     Down->setCurrentIndex(static_cast<int>(FShown.Caption.VAlignment));
   });
   connect(Across, &QComboBox::activated, this, [this](int Row) {
-    change(tr("caption"), [&](TLandMark& LandMark) {
+    change(tr("Caption"), [&](TLandMark& LandMark) {
       LandMark.Caption.HAlignment = static_cast<THorizontalAlignment>(Row);
     });
     emit finished();
   });
   connect(Down, &QComboBox::activated, this, [this](int Row) {
-    change(tr("caption"), [&](TLandMark& LandMark) {
+    change(tr("Caption"), [&](TLandMark& LandMark) {
       LandMark.Caption.VAlignment = static_cast<TVerticalAlignment>(Row);
     });
     emit finished();
@@ -276,7 +276,7 @@ QLineEdit* LandmarkPanel::addText(QFormLayout& Layout, const QString& Label, con
     TLandMark New = FShown;
     const QString Reason = StoreText(New, Edit->text());
     if (!Reason.isEmpty()) emit refused(Reason);
-    if (!(New == FShown)) change(Name.toLower(), [&](TLandMark& LandMark) { LandMark = New; });
+    if (!(New == FShown)) change(Name, [&](TLandMark& LandMark) { LandMark = New; });
   };
   if (AtOnce) connect(Edit, &QLineEdit::textEdited, this, Take);
   connect(Edit, &QLineEdit::editingFinished, this, [this, Edit, LoadText, Take] {
@@ -296,7 +296,7 @@ QSpinBox* LandmarkPanel::addNumber(const QString& Name, int Low, int High,
   Box->setAccessibleName(Name);
   FLoaders.emplace_back([this, Box, LoadNumber] { Box->setValue(LoadNumber(FShown)); });
   connect(Box, &QSpinBox::valueChanged, this, [this, Name, StoreNumber](int Value) {
-    change(Name.toLower(), [&](TLandMark& LandMark) { StoreNumber(LandMark, Value); });
+    change(Name, [&](TLandMark& LandMark) { StoreNumber(LandMark, Value); });
   });
   connect(Box, &QSpinBox::editingFinished, this, &LandmarkPanel::finished);
   return Box;
@@ -306,7 +306,7 @@ ColorButton* LandmarkPanel::addColor(const QString& Name, TColor TLMTextProperti
   auto* Button = new ColorButton(Name, this);
   FLoaders.emplace_back([this, Button, Color] { Button->setColor(FShown.Caption.*Color); });
   connect(Button, &ColorButton::chosen, this, [this, Color](TColor Chosen) {
-    change(tr("caption"), [&](TLandMark& LandMark) { LandMark.Caption.*Color = Chosen; });
+    change(tr("Caption"), [&](TLandMark& LandMark) { LandMark.Caption.*Color = Chosen; });
     emit finished();
   });
   return Button;

@@ -102,9 +102,8 @@ void LandmarkTableModel::searchOn() {
 
 QString LandmarkTableModel::summary() const {
   const int Count = FFilter.empty() ? FShownCount : FFound;
-  const QString Number = QLocale().toString(Count);
-  QString Text = FFilter.empty() ? tr("%1 landmarks").arg(Number) : tr("%1 found").arg(Number);
-  if (Count == 1 && FFilter.empty()) Text = tr("1 landmark");
+  const QString Text =
+      FFilter.empty() ? tr("%Ln landmark(s)", nullptr, Count) : tr("%Ln found", nullptr, Count);
   if (isSearching()) return tr("%1, searching...").arg(Text);
   if (Count > MostRows)
     return tr("%1, the first %2 of them here").arg(Text, QLocale().toString(MostRows));

@@ -134,7 +134,7 @@ void LandmarkWorkbench::panelEdited(const QString& Field) {
     showInPanel();
     return;
   }
-  FDocument.replace(Landmark, New, tr("Change %1").arg(Field), LandmarkMerge::Join);
+  FDocument.replace(Landmark, New, tr("Change \"%1\"").arg(Field), LandmarkMerge::Join);
 }
 
 // After undo and redo: to what has changed.

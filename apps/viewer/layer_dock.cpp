@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "layer_dock.h"
 
+#include <algorithm>
+
 #include <QColorDialog>
 #include <QDir>
 #include <QHBoxLayout>
@@ -113,8 +115,11 @@ QWidget* LayerDock::makeKinds() {
   FKinds->setFlow(QListView::LeftToRight);
   FKinds->setWrapping(true);
   FKinds->setResizeMode(QListView::Adjust);
-  FKinds->setGridSize({fontMetrics().horizontalAdvance(QStringLiteral("Borders")) + 70,
-                       fontMetrics().height() + 8});
+  int Widest = 0;
+  for (size_t Kind = 0; Kind < LayerKinds; ++Kind)
+    Widest = std::max(Widest,
+                      fontMetrics().horizontalAdvance(LayerKindsName(static_cast<TgdbItem>(Kind))));
+  FKinds->setGridSize({Widest + 70, fontMetrics().height() + 8});
   FKinds->setFixedHeight((fontMetrics().height() + 8) * 4 + 8);
   connect(FKinds, &QListWidget::itemChanged, this, [this](const QListWidgetItem* Item) {
     if (FFilling) return;
@@ -176,7 +181,9 @@ void LayerDock::fill() {
   for (int Index = 0; Index < FLayers.count(); ++Index) {
     DatabaseLayer& Layer = FLayers.at(Index);
     auto* Item = new QListWidgetItem(
-        tr("%1 (%L2 items)").arg(Layer.title()).arg(Layer.database().NumEntries()), FList);
+        tr("%1 (%Ln item(s))", nullptr, static_cast<int>(Layer.database().NumEntries()))
+            .arg(Layer.title()),
+        FList);
     Item->setToolTip(QDir::toNativeSeparators(Layer.path()));
     Item->setFlags(Item->flags() | Qt::ItemIsUserCheckable);
     Item->setCheckState(Layer.isShown() ? Qt::Checked : Qt::Unchecked);
@@ -241,8 +248,10 @@ void LayerDock::tellSelected() {
   const TgdbData Data = FLayers.record(*FLayers.selected());
   QStringList Lines{NameOf(Data) + QStringLiteral(", ") + LayerKindName(Data.ItemKind)};
   Lines << PlaceOf(Data);
-  if (HasPointList(Data.ItemKind)) Lines << tr("%L1 points").arg(Data.NumPoints);
-  if (Data.ItemKind == TgdbItem::gitBLOB) Lines << tr("%L1 bytes").arg(Data.Size());
+  if (HasPointList(Data.ItemKind))
+    Lines << tr("%Ln point(s)", nullptr, static_cast<int>(Data.NumPoints));
+  if (Data.ItemKind == TgdbItem::gitBLOB)
+    Lines << tr("%Ln byte(s)", nullptr, static_cast<int>(Data.Size()));
   if (Data.Altitude != 0)
     Lines << tr("Altitude %1 m").arg(QLocale().toString(static_cast<double>(Data.Altitude)));
   Lines << tr("Class %1, item %2").arg(Data.ClassFlag).arg(Data.ItemId);

@@ -9,7 +9,9 @@ namespace zav {
 
 namespace {
 
-QString Tr(const char* Text) { return QCoreApplication::translate("LayerStyle", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(LayerStyle)
+};
 
 QString KeyOf(size_t Kind, const char* What) {
   const std::string_view Name = GDB_ITEMNAMES.at(Kind);
@@ -47,17 +49,23 @@ void LayerStyle::save(QSettings& Settings) const {
 }
 
 QString LayerKindsName(TgdbItem Kind) {
-  static constexpr const char* Names[] = {"Borders", "Towns", "Cities", "Lakes",
-                                          "Rivers",  "Roads", "Routes", "Files"};
+  static constexpr const char* Names[] = {
+      QT_TRANSLATE_NOOP("LayerStyle", "Borders"), QT_TRANSLATE_NOOP("LayerStyle", "Towns"),
+      QT_TRANSLATE_NOOP("LayerStyle", "Cities"),  QT_TRANSLATE_NOOP("LayerStyle", "Lakes"),
+      QT_TRANSLATE_NOOP("LayerStyle", "Rivers"),  QT_TRANSLATE_NOOP("LayerStyle", "Roads"),
+      QT_TRANSLATE_NOOP("LayerStyle", "Routes"),  QT_TRANSLATE_NOOP("LayerStyle", "Files")};
   const auto Index = static_cast<size_t>(Kind);
-  return Index < LayerKinds ? Tr(Names[Index]) : Tr("Others");
+  return Index < LayerKinds ? Texts::tr(Names[Index]) : Texts::tr("Others");
 }
 
 QString LayerKindName(TgdbItem Kind) {
-  static constexpr const char* Names[] = {"Border", "Town", "City",  "Lake",
-                                          "River",  "Road", "Route", "File"};
+  static constexpr const char* Names[] = {
+      QT_TRANSLATE_NOOP("LayerStyle", "Border"), QT_TRANSLATE_NOOP("LayerStyle", "Town"),
+      QT_TRANSLATE_NOOP("LayerStyle", "City"),   QT_TRANSLATE_NOOP("LayerStyle", "Lake"),
+      QT_TRANSLATE_NOOP("LayerStyle", "River"),  QT_TRANSLATE_NOOP("LayerStyle", "Road"),
+      QT_TRANSLATE_NOOP("LayerStyle", "Route"),  QT_TRANSLATE_NOOP("LayerStyle", "File")};
   const auto Index = static_cast<size_t>(Kind);
-  return Index < LayerKinds ? Tr(Names[Index]) : Tr("Other");
+  return Index < LayerKinds ? Texts::tr(Names[Index]) : Texts::tr("Other");
 }
 
 }  // namespace zav

@@ -10,6 +10,7 @@
 
 #include "command_line.h"
 #include "icons.h"
+#include "language.h"
 #include "main_window.h"
 
 namespace {
@@ -106,9 +107,10 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("zavgeo-viewer"));
   QApplication::setWindowIcon(zav::MakeIcon(zav::ViewerIcon::Application));
 
+  zav::UseLanguage(zav::LanguageArgument(QApplication::arguments()));
   const zav::CommandLine Line = zav::ParseCommandLine(QApplication::arguments());
   if (!Line.Error.isEmpty()) {
-    Complain(Line.Error + QStringLiteral(" (zavgeo-viewer --help tells the options)"));
+    Complain(Line.Error);
     return ExitUsage;
   }
   if (!Line.Text.isEmpty()) {

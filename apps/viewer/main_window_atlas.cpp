@@ -145,10 +145,10 @@ QString MainWindow::openAtlas(QList<MapSource> Sources) {
   QString Text = MissingText(FList->sources());
   if (Calibrated > TMapRegister::Capacity)
     Text = tr("Only the first %1 of %2 maps are gone to by clicks and the wheel; the list holds "
-              "all. ")
+              "all.")
                .arg(TMapRegister::Capacity)
                .arg(Calibrated) +
-           Text;
+           QLatin1Char(' ') + Text;
   if (!Text.isEmpty()) report(Problem.isEmpty() ? Text : Problem + QLatin1Char('\n') + Text);
   updateAtlas();
   return Problem;
@@ -166,9 +166,10 @@ void MainWindow::closeAtlas() {
 void MainWindow::askAtlasList() {
   const QString Folder = FSettings != nullptr ? FSettings->value(FolderKey).toString() : QString();
   const QString First = FList->sources().value(0).Path;
-  const QString Suggested = Folder.isEmpty()
-                                ? QFileInfo(First).dir().filePath(tr("atlas") + AtlasListExtension)
-                                : QDir(Folder).filePath(tr("atlas") + AtlasListExtension);
+  const QString Suggested =
+      Folder.isEmpty()
+          ? QFileInfo(First).dir().filePath(tr("atlas", "name of a file") + AtlasListExtension)
+          : QDir(Folder).filePath(tr("atlas", "name of a file") + AtlasListExtension);
   QString Path = QFileDialog::getSaveFileName(this, tr("Save the List of Maps"), Suggested,
                                               tr("Lists of maps (*%1)").arg(AtlasListExtension));
   if (Path.isEmpty()) return;

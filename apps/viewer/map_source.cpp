@@ -24,7 +24,9 @@ namespace zav {
 
 namespace {
 
-QString Tr(const char* Text) { return QCoreApplication::translate("MapSource", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(MapSource)
+};
 
 QString Native(const QString& Path) { return QDir::toNativeSeparators(Path); }
 
@@ -46,20 +48,23 @@ QString SpelledAttribute(const QString& FileText, const QString& Attribute) {
 
 QString TooLargeText(const QString& Path, QSize Size) {
   const QLocale Locale;
-  return Tr("The image \"%1\" has %2 x %3 pixels; a map may have %4 at most. Save a smaller copy "
-            "of the "
-            "image, calibrate that, and open it.")
+  return Texts::tr(
+             "The image \"%1\" has %2 x %3 pixels; a map may have %4 at most. Save a smaller copy "
+             "of the "
+             "image, calibrate that, and open it.")
       .arg(Native(Path), Locale.toString(Size.width()), Locale.toString(Size.height()),
            Locale.toString(MaxMapPixels));
 }
 
 QString WrongKindText(const QString& Path) {
   const QString Suffix = QFileInfo(Path).suffix();
-  const QString What = Suffix.isEmpty() ? Tr("Files without an extension")
-                                        : Tr("Files of the kind \"%1\"").arg(Suffix.toUpper());
-  return Tr("%1 cannot be shown: \"%2\". Maps are calibration files (.xml) and images (.jpg, "
-            ".jpeg, .bmp). "
-            "Save the picture as JPEG or BMP with an image editor and open that.")
+  const QString What = Suffix.isEmpty()
+                           ? Texts::tr("Files without an extension")
+                           : Texts::tr("Files of the kind \"%1\"").arg(Suffix.toUpper());
+  return Texts::tr(
+             "%1 cannot be shown: \"%2\". Maps are calibration files (.xml) and images (.jpg, "
+             ".jpeg, .bmp). "
+             "Save the picture as JPEG or BMP with an image editor and open that.")
       .arg(What, Native(Path));
 }
 
@@ -87,8 +92,9 @@ void CheckImage(MapSource& Source) {
 void FindImage(MapSource& Source, const std::string& MapFName, const QString& Spelled) {
   if (MapFName.empty()) {
     Source.Problem =
-        Tr("The calibration file \"%1\" names no map image. Add the image's file name to its line "
-           "\"<geomap ...\" as map=\"NAME.jpg\".")
+        Texts::tr(
+            "The calibration file \"%1\" names no map image. Add the image's file name to its line "
+            "\"<geomap ...\" as map=\"NAME.jpg\".")
             .arg(Native(Source.Path));
     return;
   }
@@ -99,8 +105,9 @@ void FindImage(MapSource& Source, const std::string& MapFName, const QString& Sp
   const QString AsGiven = QFileInfo(Given).absoluteFilePath();
   const QString Beside = Folder.absoluteFilePath(QFileInfo(Given).fileName());
   Source.Problem =
-      Tr("The image of the map \"%1\" is missing. Looked for \"%2\" and for \"%3\". Put the image "
-         "beside the calibration file and open the map again.")
+      Texts::tr(
+          "The image of the map \"%1\" is missing. Looked for \"%2\" and for \"%3\". Put the image "
+          "beside the calibration file and open the map again.")
           .arg(Source.Caption, Native(AsGiven), Native(Beside));
 }
 
@@ -121,10 +128,11 @@ void InspectCalibration(MapSource& Source) {
     if (Source.Caption.isEmpty()) Source.Caption = QFileInfo(Source.Path).completeBaseName();
     if (!ParseCalibData(Path, "", Data, Source.Model)) {
       Source.Kind = MapSourceKind::Other;
-      Source.Problem =
-          Tr("\"%1\" is no map calibration: it has no \"<geomap\" element. Open a calibration file "
-             "or the map's image.")
-              .arg(Native(Source.Path));
+      Source.Problem = Texts::tr(
+                           "\"%1\" is no map calibration: it has no \"<geomap\" element. Open a "
+                           "calibration file "
+                           "or the map's image.")
+                           .arg(Native(Source.Path));
       return;
     }
     Source.Resolution = Data.Resolution;
@@ -150,8 +158,9 @@ MapSource InspectMap(const QString& Path) {
   Source.Path = Info.absoluteFilePath();
   Source.Caption = Info.fileName();
   if (!Info.exists()) {
-    Source.Problem = Tr("There is no file \"%1\". Check its name, or choose it with File, Open.")
-                         .arg(Native(Source.Path));
+    Source.Problem =
+        Texts::tr("There is no file \"%1\". Check its name, or choose it with File, Open.")
+            .arg(Native(Source.Path));
   } else if (Info.suffix().compare(QLatin1String("xml"), Qt::CaseInsensitive) == 0) {
     Source.Kind = MapSourceKind::Calibration;
     InspectCalibration(Source);
@@ -197,30 +206,31 @@ QList<MapSource> InspectFolder(const QString& Folder) {
 QString ModelName(TCalibModel Model) {
   switch (Model) {
     case TCalibModel::cmParabolicIp:
-      return Tr("Parabolic interpolation");
+      return Texts::tr("Parabolic interpolation");
     case TCalibModel::cmBiquadraticPn:
-      return Tr("Second-order polynomial");
+      return Texts::tr("Second-order polynomial");
     case TCalibModel::cmConicConformal:
-      return Tr("Conic");
+      return Texts::tr("Conic");
     case TCalibModel::cmMillerCylindrical:
-      return Tr("Miller cylindrical");
+      return Texts::tr("Miller cylindrical");
     case TCalibModel::cmEquiRect:
-      return Tr("First order, degrees");
+      return Texts::tr("First order, degrees");
     case TCalibModel::cmUTM:
-      return Tr("UTM");
+      return Texts::tr("UTM");
     case TCalibModel::cmUndefined:
       break;
   }
-  return Tr("Not calibrated");
+  return Texts::tr("Not calibrated");
 }
 
 QString LoadProblem(const QString& Path, const QString& Reason) {
   // The library says which function or control refused; that is of no use here.
   static const QRegularExpression Origin(
       QStringLiteral("^(ParseCalibData|Component \"[^\"]*\"): "));
-  return Tr("\"%1\" cannot be used: %2. The file may be damaged or cut short; fetch it again or "
-            "restore it from "
-            "a copy.")
+  return Texts::tr(
+             "\"%1\" cannot be used: %2. The file may be damaged or cut short; fetch it again or "
+             "restore it from "
+             "a copy.")
       .arg(Native(Path), QString(Reason).remove(Origin).trimmed());
 }
 

@@ -43,8 +43,9 @@ QString AreaText(double SquareMetres) {
   const double Value = Small ? SquareMetres : SquareMetres / 1e6;
   const int Digits = Value > 0 ? static_cast<int>(std::floor(std::log10(Value))) + 1 : 1;
   const QString Number = QLocale().toString(Value, 'f', std::clamp(3 - Digits, 0, 3));
-  const char* const Unit = Small ? "%1 m\u00b2" : "%1 km\u00b2";
-  return QCoreApplication::translate("MeasureArea", Unit).arg(Number);
+  const QString Text = Small ? QCoreApplication::translate("MeasureArea", "%1 m\u00b2")
+                             : QCoreApplication::translate("MeasureArea", "%1 km\u00b2");
+  return Text.arg(Number);
 }
 
 }  // namespace zav

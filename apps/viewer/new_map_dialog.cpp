@@ -7,7 +7,6 @@
 #include <numbers>
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QGridLayout>
@@ -51,7 +50,7 @@ QSpinBox* Pixels(const QString& Name) {
   Box->setAccessibleName(Name);
   Box->setRange(MinSide, MaxSide);
   Box->setSingleStep(50);
-  Box->setSuffix(QCoreApplication::translate("NewMapDialog", " px"));
+  Box->setSuffix(NewMapDialog::tr(" px"));
   return Box;
 }
 

@@ -18,7 +18,9 @@ namespace {
 
 constexpr double MetresPerDegree = 111320;  // on the equator
 
-QString Tr(const char* Text) { return QCoreApplication::translate("PositionReadout", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(PositionReadout)
+};
 
 TNotation NotationOf(ReadoutFormat Format) {
   switch (Format) {
@@ -58,17 +60,17 @@ double UnitsPerDegree(ReadoutFormat Format) {
 QString ReadoutFormatName(ReadoutFormat Format) {
   switch (Format) {
     case ReadoutFormat::Degrees:
-      return Tr("Degrees");
+      return Texts::tr("Degrees");
     case ReadoutFormat::DegreesMinutes:
-      return Tr("Degrees and minutes");
+      return Texts::tr("Degrees and minutes");
     case ReadoutFormat::DegreesMinutesSeconds:
-      return Tr("Degrees, minutes and seconds");
+      return Texts::tr("Degrees, minutes and seconds");
     case ReadoutFormat::Utm:
-      return Tr("UTM");
+      return Texts::tr("UTM");
     case ReadoutFormat::Ups:
-      return Tr("UPS");
+      return Texts::tr("UPS");
     case ReadoutFormat::Mgrs:
-      return Tr("MGRS");
+      return Texts::tr("MGRS");
   }
   return {};
 }
@@ -98,9 +100,9 @@ QString PositionText(const TCoords& Position, ReadoutFormat Format, TGeoEllipsoi
       std::abs(Position.Latit) > 90 || std::abs(Position.Longit) > 1e6)
     return {};
   if (Format == ReadoutFormat::Utm && (Position.Latit < -80 || Position.Latit > 84))
-    return Tr("outside UTM (80\u00b0 S to 84\u00b0 N)");
+    return Texts::tr("outside UTM (80\u00b0 S to 84\u00b0 N)");
   if (Format == ReadoutFormat::Ups && Position.Latit > -79.5 && Position.Latit < 83.5)
-    return Tr("outside UPS (the poles to 79.5\u00b0 S and 83.5\u00b0 N)");
+    return Texts::tr("outside UPS (the poles to 79.5\u00b0 S and 83.5\u00b0 N)");
   return QString::fromStdString(PositionToText({Position.Latit, Position.Longit},
                                                NotationOf(Format),
                                                ReadoutDecimals(Format, MetresPerPixel), Ellipsoid));
@@ -116,7 +118,7 @@ QString ScaleText(double MetresPerPixel, double Magnification, double DotsPerInc
   if (!std::isfinite(Scale) || Scale < 1 || Scale > 1e15) return {};
   const double Step = std::pow(10, std::max(0.0, std::floor(std::log10(Scale)) - 1));
   const double Rounded = RoundHalfEven(Scale / Step) * Step;
-  return Tr("Scale 1:%1").arg(QLocale().toString(static_cast<qlonglong>(Rounded)));
+  return Texts::tr("Scale 1:%1").arg(QLocale().toString(static_cast<qlonglong>(Rounded)));
 }
 
 std::optional<TCoords> ParsePosition(const QString& Text) {

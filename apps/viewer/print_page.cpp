@@ -30,7 +30,9 @@ constexpr double CaptionSize = 13;
 constexpr double SmallestCaption = 6;
 constexpr double LegendSize = 8;
 
-QString Tr(const char* Text) { return QCoreApplication::translate("PrintPage", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(PrintPage)
+};
 
 double PageScale(const TPrinter& Printer) { return Printer.PixelsPerInch() / ControlPixelsPerInch; }
 
@@ -49,11 +51,11 @@ void DrawCaption(TCanvas& Canvas, const std::string& Caption, int32_t Width) {
   Canvas.Font.Styles = 0;
 }
 
-std::string LengthText(double Metres) {
+QString LengthText(double Metres) {
   const bool Far = Metres >= 1000;
   const QLocale Locale;
   const QString Number = Locale.toString(Far ? Metres / 1000 : Metres, 'g', 10);
-  return FromQString(Far ? Tr("%1 km").arg(Number) : Tr("%1 m").arg(Number));
+  return Far ? Texts::tr("%1 km").arg(Number) : Texts::tr("%1 m").arg(Number);
 }
 
 // Bar and lengths, from (0, Top) on.
@@ -69,7 +71,7 @@ void DrawScaleBar(TCanvas& Canvas, double PixelsPerMetre, double MostPixels, int
   Canvas.Brush.Style = TBrushStyle::bsClear;
   Canvas.Font.Size = LegendSize;
   Canvas.TextOut(0, Top + BarHeight + 2, "0");
-  const std::string End = LengthText(Length);
+  const std::string End = FromQString(LengthText(Length));
   const int32_t Middle = RoundHalfEven(BarParts * Part) - Canvas.TextExtent(End).Width / 2;
   Canvas.TextOut(Middle, Top + BarHeight + 2, End);
 }
@@ -90,7 +92,8 @@ void DrawLegend(const TGeoMap& Map, TPrinter& Printer, const PagePlan& Plan, con
   const double PixelsPerMetre = Plan.Factor / Scale / Map.CalibData().Resolution;
   DrawScaleBar(Canvas, PixelsPerMetre, Width / 3.0, Bottom + Gap);
   const QString Told = PaperScaleText(Plan.Denominator);
-  const std::string Text = FromQString(Setup.Denominator > 0 ? Told : Tr("about %1").arg(Told));
+  const std::string Text =
+      FromQString(Setup.Denominator > 0 ? Told : Texts::tr("about %1").arg(Told));
   Canvas.Font.Size = LegendSize + 2;
   Canvas.TextOut(Width - Canvas.TextExtent(Text).Width, Bottom + Gap, Text);
 }

@@ -60,7 +60,7 @@ QString ReadoutButton::textFor(const TCoords& Position) const {
 }
 
 void ReadoutButton::updateText() {
-  const QString NoPosition = tr("Position: %1").arg(ReadoutFormatName(FFormat).toLower());
+  const QString NoPosition = tr("Position: %1").arg(ReadoutFormatName(FFormat));
   setText(FPosition ? textFor(*FPosition) : NoPosition);
   // A width that hardly any position exceeds, so that nothing moves with the mouse.
   const QString Wide = textFor({-60.0 - 48.0 / 60 - 48.0 / 3600, -168.0 - 48.0 / 60 - 48.0 / 3600});

@@ -16,7 +16,9 @@ namespace zav {
 
 namespace {
 
-QString Tr(const char* Text) { return QCoreApplication::translate("ToolLength", Text); }
+struct Texts {
+  Q_DECLARE_TR_FUNCTIONS(ToolLength)
+};
 
 // As many as give three or four digits, but none that is finer than a pixel.
 int Decimals(double Value, double UnitsPerPixel) {
@@ -55,14 +57,14 @@ MapLength operator+(const MapLength& A, const MapLength& B) {
 
 QString LengthText(const MapLength& Length, double MetresPerPixel) {
   const QLocale Locale;
-  if (!Length.Metres) return Tr("%1 pixels").arg(Locale.toString(Length.Pixels, 'f', 0));
+  if (!Length.Metres) return Texts::tr("%1 pixels").arg(Locale.toString(Length.Pixels, 'f', 0));
   const double Metres = *Length.Metres;
   if (Metres < 1000) {
     const int Digits = MetresPerPixel > 0 && MetresPerPixel < 0.5 && Metres < 100 ? 1 : 0;
-    return Tr("%1 m").arg(Locale.toString(Metres, 'f', Digits));
+    return Texts::tr("%1 m").arg(Locale.toString(Metres, 'f', Digits));
   }
   const double Kilometres = Metres / 1000;
-  return Tr("%1 km").arg(
+  return Texts::tr("%1 km").arg(
       Locale.toString(Kilometres, 'f', Decimals(Kilometres, MetresPerPixel / 1000)));
 }
 

@@ -129,7 +129,7 @@ QString MeasureTool::text() const {
   QString Text = FPiece.Metres && *FPiece.Metres > 0
                      ? tr("%1 towards %2°").arg(Piece, QLocale().toString(FPiece.Azimuth, 'f', 0))
                      : Piece;
-  if (Pieces > 1) Text = tr("Last piece %1, all %2 pieces %3").arg(Text).arg(Pieces).arg(Total);
+  if (Pieces > 1) Text = tr("Last piece %1, all %n pieces %2", nullptr, Pieces).arg(Text, Total);
   const QString Area = areaText();
   return Area.isEmpty() ? Text : tr("%1, encloses %2").arg(Text, Area);
 }

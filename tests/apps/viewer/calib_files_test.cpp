@@ -200,7 +200,7 @@ TEST(CalibFiles, ASideFileThatNoLongerFitsKeepsWhatDoes) {
   CalibDocument Again;
   ASSERT_EQ(Again.load(File), "");
   ASSERT_EQ(Again.loadNotes().size(), 1);
-  EXPECT_TRUE(Again.loadNotes()[0].contains("1 points"));
+  EXPECT_TRUE(Again.loadNotes()[0].contains("1 point(s)"));
   ASSERT_EQ(Again.itemCount(), 7);
   for (int i = 0; i < 5; ++i) EXPECT_EQ(Again.itemTitle(i), Document.itemTitle(i));
   EXPECT_EQ(Again.item(0).Position, Document.item(0).Position);
@@ -409,7 +409,7 @@ TEST(CalibFiles, PointsOfTheSamplesAndOfTheExport) {
     ASSERT_EQ(Document.importPoints(File, CalibImport::Replace), "");
     EXPECT_EQ(ItemsOf(Document), Items);
     Document.undo();
-    EXPECT_EQ(Document.redoText(), QStringLiteral("Import %1 points").arg(Items.size()));
+    EXPECT_EQ(Document.redoText(), QStringLiteral("Import %1 point(s)").arg(Items.size()));
   }
   const TestFolder Folder;
   CalibDocument Mixed;
