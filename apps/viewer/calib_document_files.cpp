@@ -21,6 +21,7 @@
 #include "calib_side_file.h"
 #include "common/relative_name.h"
 #include "map_source.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -42,7 +43,7 @@ std::string TextIfAny(const std::string& File, int64_t MaxSize) {
 
 QString SideFileProblem(const EInOutError& Error) {
   return CalibDocument::tr("The file with the points' names cannot be read: %1.")
-      .arg(ToQString(Error.Reason()));
+      .arg(ReasonText(Error.Reason()));
 }
 
 // The side file's text; Problem tells when it is there and cannot be read.
@@ -67,7 +68,7 @@ void FindImage(const std::string& File, CalibState& State, QStringList& Notes) {
     const TSize Size = ReadImageSize(Path, ImageKindOfName(Path));
     State.ImageSize = {Size.Width, Size.Height};
   } catch (const std::exception& Error) {
-    Notes.append(LoadProblem(State.ImagePath, ToQString(Error.what())));
+    Notes.append(LoadProblem(State.ImagePath, ReasonText(Error.what())));
   }
 }
 
@@ -153,9 +154,9 @@ QString CalibDocument::load(const QString& FileName, const QString& Id) {
     if (!LimitProblem(State.Items).isEmpty())
       std::erase_if(State.Items, [](const CalibItemPtr& Each) { return !Each->Enabled; });
   } catch (const EInOutError& Error) {
-    return LoadProblem(ToQString(File), ToQString(Error.Reason()));
+    return LoadProblem(ToQString(File), ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    return LoadProblem(ToQString(File), ToQString(Error.what()));
+    return LoadProblem(ToQString(File), ReasonText(Error.what()));
   }
   FindImage(File, State, Notes);
   F->Notes = Notes;
@@ -212,9 +213,9 @@ QString CalibDocument::Private::SaveAs(const QString& Target) {
   try {
     Write(File, ToQString(File) == FileName);
   } catch (const EInOutError& Error) {
-    return Refused(ToQString(Error.Reason()));
+    return Refused(ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    return Refused(ToQString(Error.what()));
+    return Refused(ReasonText(Error.what()));
   }
   FileName = ToQString(File);
   Clean = State;

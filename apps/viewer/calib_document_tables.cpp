@@ -12,6 +12,7 @@
 #include "calib_document_private.h"
 #include "common/calibration_points.h"
 #include "common/table_row.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -129,7 +130,7 @@ QString CalibDocument::importPoints(const QString& FileName, CalibImport Mode) {
                      return QString();
                    });
   } catch (const EInOutError& Error) {
-    return ToQString(Error.what());
+    return ReasonText(Error.what());
   }
 }
 
@@ -145,7 +146,7 @@ QString CalibDocument::exportPoints(const QString& FileName) const {
   try {
     WriteWholeFile(FromQString(FileName), Text);
   } catch (const EInOutError& Error) {
-    return ToQString(Error.what());
+    return ReasonText(Error.what());
   }
   return {};
 }

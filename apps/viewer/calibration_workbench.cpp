@@ -12,9 +12,9 @@
 #include <QTableView>
 
 #include <platform/qt/geo_map_widget.h>
-#include <platform/qt/qt_convert.h>
 
 #include "readout_button.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -97,7 +97,7 @@ void CalibrationWorkbench::documentChanged() {
       FWidget.map().SetCalibration(FDocument.data(),
                                    Bare ? TCalibModel::cmUndefined : FDocument.model());
     } catch (const std::exception& Error) {
-      emit problem(ToQString(Error.what()));
+      emit problem(ReasonText(Error.what()));
     }
   }
   if (FModified == FDocument.isModified()) return;

@@ -20,6 +20,7 @@
 #include "common/reduced_copy.h"
 #include "export_picture.h"
 #include "print_dialog.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -97,7 +98,7 @@ void ExportMenu::copyPart(const TMapPart& Part) {
     FWidget.map().Host().Clipboard().SetBitmap(Picture);
     emit done(tr("Copied: a picture of %1 x %2 pixels").arg(Picture.Width()).arg(Picture.Height()));
   } catch (const std::exception& Error) {
-    emit problem(tr("The picture cannot be copied: %1.").arg(ToQString(Error.what())));
+    emit problem(tr("The picture cannot be copied: %1.").arg(ReasonText(Error.what())));
   }
 }
 
@@ -141,9 +142,9 @@ QString ExportMenu::saveMapTo(const QString& Path) {
     return {};
   } catch (const EInOutError& Error) {
     return tr("\"%1\" cannot be written: %2. Choose another folder or make room on the disk.")
-        .arg(QDir::toNativeSeparators(ToQString(Error.Path())), ToQString(Error.Reason()));
+        .arg(QDir::toNativeSeparators(ToQString(Error.Path())), ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    return tr("The map cannot be saved: %1.").arg(ToQString(Error.what()));
+    return tr("The map cannot be saved: %1.").arg(ReasonText(Error.what()));
   }
 }
 

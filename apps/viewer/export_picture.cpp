@@ -22,6 +22,7 @@
 #include <platform/raster/raster_canvas.h>
 
 #include "common/reduced_copy.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -117,10 +118,10 @@ QString SavePicture(const TBitmap& Picture, const QString& Path, const QStringLi
     return Texts::
         tr("The picture \"%1\" cannot be written: %2. Choose another folder or make room on the "
            "disk.")
-            .arg(Native, ToQString(Error.Reason()));
+            .arg(Native, ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
     return Texts::tr("The picture \"%1\" cannot be written: %2.")
-        .arg(Native, ToQString(Error.what()));
+        .arg(Native, ReasonText(Error.what()));
   }
 }
 

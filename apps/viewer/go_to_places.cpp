@@ -11,6 +11,8 @@
 #include <geobasics/countries.h>
 #include <geobasics/position_text.h>
 
+#include "reason_text.h"
+
 namespace zav {
 
 namespace {
@@ -73,7 +75,7 @@ GoToResult FindPlace(const QString& Text, TGeoEllipsoid Ellipsoid) {
   } catch (const EPositionTextError& Error) {
     // Without a digit it was meant to be a name.
     for (const QChar Each : Typed)
-      if (Each.isDigit()) return {std::nullopt, QString::fromUtf8(Error.what())};
+      if (Each.isDigit()) return {std::nullopt, ReasonText(Error.what())};
     return {std::nullopt, Texts::tr("\"%1\" is no country or capital.").arg(Typed)};
   }
 }

@@ -16,6 +16,7 @@
 
 #include "calib_document.h"
 #include "common/reduced_copy.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -136,9 +137,9 @@ ImportResult WriteImport(const ImportOffer& Offer) {
     if (!Result.Problem.isEmpty()) QFile::remove(Offer.NewImage);
   } catch (const EInOutError& Error) {
     Result.Problem = Texts::tr("The copy cannot be made: \"%1\": %2.")
-                         .arg(Native(ToQString(Error.Path())), ToQString(Error.Reason()));
+                         .arg(Native(ToQString(Error.Path())), ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    Result.Problem = Texts::tr("The copy cannot be made: %1.").arg(ToQString(Error.what()));
+    Result.Problem = Texts::tr("The copy cannot be made: %1.").arg(ReasonText(Error.what()));
   }
   Result.Path = Offer.NewCalibration.isEmpty() ? Offer.NewImage : Offer.NewCalibration;
   return Result;

@@ -13,6 +13,7 @@
 
 #include "common/landmark_files.h"
 #include "landmark_document.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -31,7 +32,7 @@ QString TargetProblem(const QString& Path) {
 
 QString FileProblem(const EInOutError& Error) {
   return LandmarkDocument::tr("The file \"%1\": %2.")
-      .arg(QDir::toNativeSeparators(ToQString(Error.Path())), ToQString(Error.Reason()));
+      .arg(QDir::toNativeSeparators(ToQString(Error.Path())), ReasonText(Error.Reason()));
 }
 
 // Runs what may throw; the reason when it does.
@@ -44,7 +45,7 @@ QString Reason(TOperation Operation) {
   } catch (const std::bad_alloc&) {
     return LandmarkDocument::tr("There is not enough memory for so many landmarks.");
   } catch (const std::exception& Error) {
-    return ToQString(Error.what());
+    return ReasonText(Error.what());
   }
 }
 
@@ -103,7 +104,7 @@ QString LandmarkDocument::importTable(const QString& FileName, const TLandMarkSo
     TLandMarkList New = FList;
     Result = {};
     Result.Count = ImportLandMarks(Table, Sources, Template, New, [&](const TImportProblem& Each) {
-      if (++Result.ProblemCount <= MostProblems) Result.Problems << ToQString(Each.Text);
+      if (++Result.ProblemCount <= MostProblems) Result.Problems << ReasonText(Each.Text);
       return true;
     });
     if (Result.Count > 0)

@@ -8,6 +8,7 @@
 #include <platform/qt/qt_convert.h>
 
 #include "landmark_symbol_editor.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -100,7 +101,7 @@ QString LandmarkPalette::save() {
     FSymbols.StoreOnFile(FromQString(FFile), "");
     return {};
   } catch (const std::exception& Error) {
-    return tr("The symbols cannot be saved: %1").arg(ToQString(Error.what()));
+    return tr("The symbols cannot be saved: %1").arg(ReasonText(Error.what()));
   }
 }
 

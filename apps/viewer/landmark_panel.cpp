@@ -24,6 +24,7 @@
 #include "landmark_palette.h"
 #include "landmark_symbol_editor.h"
 #include "position_parser.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -38,7 +39,7 @@ QString StoreField(TLandMark& LandMark, TLandMarkField Field, const QString& Tex
     if (SetLandMarkField(LandMark, Field, FromQString(Text.trimmed()), true)) return {};
     return LandmarkPanel::tr("That is too long for a landmark file, and was cut.");
   } catch (const std::exception& Error) {
-    return ToQString(Error.what());
+    return ReasonText(Error.what());
   }
 }
 

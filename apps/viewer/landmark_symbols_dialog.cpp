@@ -18,6 +18,7 @@
 #include <platform/qt/qt_convert.h>
 
 #include "landmark_symbol_editor.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -186,7 +187,7 @@ QString LandmarkSymbolsDialog::loadFrom(const QString& FileName) {
     }
     return tr("There are no symbols in \"%1\".").arg(QDir::toNativeSeparators(FileName));
   } catch (const std::exception& Error) {
-    return ToQString(Error.what());
+    return ReasonText(Error.what());
   }
 }
 
@@ -197,7 +198,7 @@ QString LandmarkSymbolsDialog::saveTo(const QString& FileName) {
     FSymbols.StoreOnFile(FromQString(Path), "");
     return {};
   } catch (const std::exception& Error) {
-    return ToQString(Error.what());
+    return ReasonText(Error.what());
   }
 }
 

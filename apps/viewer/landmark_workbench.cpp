@@ -11,13 +11,13 @@
 #include <QMessageBox>
 
 #include <platform/qt/geo_map_widget.h>
-#include <platform/qt/qt_convert.h>
 
 #include "landmark_classes.h"
 #include "landmark_import_dialog.h"
 #include "landmark_palette.h"
 #include "landmark_panel.h"
 #include "landmark_symbols_dialog.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -105,7 +105,7 @@ void LandmarkWorkbench::documentChanged() {
     Map.SetHighLM(FTool->selected());
     FCaptions.Update();
   } catch (const std::exception& Error) {
-    emit problem(ToQString(Error.what()));
+    emit problem(ReasonText(Error.what()));
   }
   Map.SetSuppressPaint(false);
   showInPanel();
@@ -252,7 +252,7 @@ void LandmarkWorkbench::importTable() {
     LandmarkImportDialog Dialog(FileName, &FWindow);
     if (Dialog.exec() == QDialog::Accepted) importFrom(FileName, Dialog.sources());
   } catch (const std::exception& Error) {
-    emit problem(ToQString(Error.what()));
+    emit problem(ReasonText(Error.what()));
   }
 }
 

@@ -13,6 +13,7 @@
 #include <platform/qt/qt_convert.h>
 
 #include "layer_painter.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -30,9 +31,9 @@ QString Layers::open(const QString& Path) {
       if (Each->path() == Layer->path()) return {};
     FLayers.push_back(std::move(Layer));
   } catch (const EInOutError& Error) {
-    return tr("The database \"%1\" cannot be opened: %2").arg(Shown, ToQString(Error.Reason()));
+    return tr("The database \"%1\" cannot be opened: %2").arg(Shown, ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    return tr("The database \"%1\" cannot be opened: %2").arg(Shown, ToQString(Error.what()));
+    return tr("The database \"%1\" cannot be opened: %2").arg(Shown, ReasonText(Error.what()));
   }
   FWidget.map().Paint();
   emit changed();
@@ -79,7 +80,8 @@ void Layers::BeforeRenderData(TGeoMap& Map, TCanvas& Canvas) {
 // A file that was replaced or damaged meanwhile. Which one is not known: none is drawn any more.
 void Layers::giveUp(const std::exception& Error) {
   for (const auto& Each : FLayers) Each->setShown(false);
-  const QString Text = tr("The databases cannot be read any more: %1").arg(ToQString(Error.what()));
+  const QString Text =
+      tr("The databases cannot be read any more: %1").arg(ReasonText(Error.what()));
   // Not now: a picture may be under way.
   QMetaObject::invokeMethod(
       this,

@@ -36,6 +36,7 @@
 #include "layers.h"
 #include "message_bar.h"
 #include "readout_button.h"
+#include "reason_text.h"
 #include "recent_files.h"
 #include "view_menu.h"
 
@@ -59,7 +60,7 @@ QString MainWindow::openAll(const QStringList& Files) {
       try {
         Sources += InspectAtlasList(Path);
       } catch (const EInOutError& Error) {
-        Problem = LoadProblem(Path, ToQString(Error.Reason()));
+        Problem = LoadProblem(Path, ReasonText(Error.Reason()));
       }
     } else if (QFileInfo(Path).isDir()) {
       Folder = true;
@@ -128,9 +129,9 @@ QString MainWindow::showMap(const MapSource& Source, const std::function<void()>
     loadMap(Source);
     FShown = Source;
   } catch (const EInOutError& Error) {
-    Problem = LoadProblem(ToQString(Error.Path()), ToQString(Error.Reason()));
+    Problem = LoadProblem(ToQString(Error.Path()), ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    Problem = LoadProblem(Source.Path, ToQString(Error.what()));
+    Problem = LoadProblem(Source.Path, ReasonText(Error.what()));
   }
   if (!Begun) {
     QApplication::restoreOverrideCursor();

@@ -28,6 +28,7 @@
 #include "landmark_workbench.h"
 #include "main_window.h"
 #include "message_bar.h"
+#include "reason_text.h"
 #include "recent_files.h"
 #include "tool_menu.h"
 #include "view_menu.h"
@@ -185,7 +186,7 @@ QString MainWindow::saveAtlasList(const QString& Path) {
     SaveAtlasList(FromQString(Path), Maps);
   } catch (const EInOutError& Error) {
     return report(tr("The list of maps \"%1\" cannot be written: %2. Choose another folder.")
-                      .arg(QDir::toNativeSeparators(Path), ToQString(Error.Reason())));
+                      .arg(QDir::toNativeSeparators(Path), ReasonText(Error.Reason())));
   }
   if (FSettings != nullptr) RecentFiles(*FSettings).add(Path);
   statusBar()->showMessage(tr("Saved: %1").arg(QDir::toNativeSeparators(Path)), 5000);

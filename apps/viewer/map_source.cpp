@@ -20,6 +20,8 @@
 #include <platform/codec/image_file.h>
 #include <platform/qt/qt_convert.h>
 
+#include "reason_text.h"
+
 namespace zav {
 
 namespace {
@@ -82,9 +84,9 @@ void CheckImage(MapSource& Source) {
     if (qint64{Size.Width} * Size.Height > MaxMapPixels)
       Source.Problem = TooLargeText(Source.ImagePath, Source.ImageSize);
   } catch (const EInOutError& Error) {
-    Source.Problem = LoadProblem(Source.ImagePath, ToQString(Error.Reason()));
+    Source.Problem = LoadProblem(Source.ImagePath, ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    Source.Problem = LoadProblem(Source.ImagePath, ToQString(Error.what()));
+    Source.Problem = LoadProblem(Source.ImagePath, ReasonText(Error.what()));
   }
 }
 
@@ -140,10 +142,10 @@ void InspectCalibration(MapSource& Source) {
     if (Source.Model == TCalibModel::cmUndefined && HasGraticule(Data))
       Source.Model = TCalibModel::cmParabolicIp;
   } catch (const EInOutError& Error) {
-    Source.Problem = LoadProblem(Source.Path, ToQString(Error.Reason()));
+    Source.Problem = LoadProblem(Source.Path, ReasonText(Error.Reason()));
     return;
   } catch (const std::exception& Error) {
-    Source.Problem = LoadProblem(Source.Path, ToQString(Error.what()));
+    Source.Problem = LoadProblem(Source.Path, ReasonText(Error.what()));
     return;
   }
   FindImage(Source, Data.MapFName, ImageName);

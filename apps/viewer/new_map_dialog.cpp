@@ -26,6 +26,8 @@
 #include <platform/qt/qt_image.h>
 #include <platform/raster/raster_canvas.h>
 
+#include "reason_text.h"
+
 namespace zav {
 
 namespace {
@@ -247,7 +249,7 @@ QString WriteEmptyMap(const TEmptyMap& Map, const QString& Path) {
                                  Map.Height, nullptr);
     return {};
   } catch (const std::exception& Error) {
-    return ToQString(Error.what());
+    return ReasonText(Error.what());
   }
 }
 

@@ -8,6 +8,8 @@
 #include <geobasics/position_text.h>
 #include <geobasics/utm.h>
 
+#include "reason_text.h"
+
 namespace zav {
 
 namespace {
@@ -37,9 +39,9 @@ TypedPosition ParseTypedPosition(const QString& Text) {
   try {
     const TWrittenPosition Written = ParsePositionText(Text.toStdString());
     Result.Position = CalibPositionOf(Written);
-    Result.Note = QString::fromStdString(Written.Note);
+    Result.Note = ReasonText(Written.Note);
   } catch (const EPositionTextError& Error) {
-    Result.Problem = QString::fromUtf8(Error.what());
+    Result.Problem = ReasonText(Error.what());
   }
   return Result;
 }
@@ -50,7 +52,7 @@ TypedAngle ParseTypedAngle(const QString& Text, TGratLineKind Kind) {
     return {Kind == TGratLineKind::gtlMeridian ? LongitudeFromText(Typed) : LatitudeFromText(Typed),
             {}};
   } catch (const EPositionTextError& Error) {
-    return {std::nullopt, QString::fromUtf8(Error.what())};
+    return {std::nullopt, ReasonText(Error.what())};
   }
 }
 

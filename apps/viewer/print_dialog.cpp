@@ -27,6 +27,7 @@
 #include <platform/qt/qt_printer.h>
 
 #include "common/reduced_copy.h"
+#include "reason_text.h"
 
 namespace zav {
 
@@ -215,9 +216,9 @@ QString PrintDialog::run(const QString& Target, const std::function<void()>& Pri
     Print();
   } catch (const EInOutError& Error) {
     Problem = tr("\"%1\" cannot be written: %2. Choose another folder or make room on the disk.")
-                  .arg(Target, ToQString(Error.Reason()));
+                  .arg(Target, ReasonText(Error.Reason()));
   } catch (const std::exception& Error) {
-    Problem = tr("The map cannot be printed: %1.").arg(ToQString(Error.what()));
+    Problem = tr("The map cannot be printed: %1.").arg(ReasonText(Error.what()));
   }
   QApplication::restoreOverrideCursor();
   return Problem;

@@ -535,6 +535,317 @@
     </message>
 </context>
 <context>
+    <name>Reasons</name>
+    <message>
+        <source>A sign stands within a number. Put a blank before it.</source>
+        <translation>Mitten in einer Zahl steht ein Vorzeichen. Setzen Sie ein Leerzeichen davor.</translation>
+    </message>
+    <message>
+        <source>A sign or a point stands alone.</source>
+        <translation>Ein Vorzeichen oder Punkt steht allein.</translation>
+    </message>
+    <message>
+        <source>A number has two points.</source>
+        <translation>Eine Zahl hat zwei Punkte.</translation>
+    </message>
+    <message>
+        <source>There are too many commas. Put a semicolon or a blank between the two coordinates.</source>
+        <translation>Es sind zu viele Kommas. Setzen Sie einen Strichpunkt oder ein Leerzeichen zwischen die beiden Koordinaten.</translation>
+    </message>
+    <message>
+        <source>A colon has no number before it.</source>
+        <translation>Vor einem Doppelpunkt fehlt die Zahl.</translation>
+    </message>
+    <message>
+        <source>A coordinate has at most two colons.</source>
+        <translation>Eine Koordinate hat höchstens zwei Doppelpunkte.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no meaning beside grid metres; write mE and mN.</source>
+        <translation>„%1“ bedeutet neben Gittermetern nichts; schreiben Sie mE und mN.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no meaning in a position; directions are N, S, E and W.</source>
+        <translation>„%1“ bedeutet in einer Position nichts; Richtungen sind N, S, E und W.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no meaning in a position.</source>
+        <translation>„%1“ bedeutet in einer Position nichts.</translation>
+    </message>
+    <message>
+        <source>&quot;O&quot; is east in German and west in French and Spanish; write E or W.</source>
+        <translation>„O“ ist im Deutschen Osten, im Französischen und Spanischen Westen; schreiben Sie E oder W.</translation>
+    </message>
+    <message>
+        <source>Grid metres are not negative.</source>
+        <translation>Gittermeter sind nicht negativ.</translation>
+    </message>
+    <message>
+        <source>Metres have one letter.</source>
+        <translation>Meter haben einen Buchstaben.</translation>
+    </message>
+    <message>
+        <source>UTM positions are a zone, the easting and the northing, as 32T 470693 5150563.</source>
+        <translation>UTM-Positionen sind Zone, Ostwert und Nordwert, etwa 32T 470693 5150563.</translation>
+    </message>
+    <message>
+        <source>UPS positions are A, B, Y or Z, the easting and the northing, as Z 2426773 1530125.</source>
+        <translation>UPS-Positionen sind A, B, Y oder Z, Ostwert und Nordwert, etwa Z 2426773 1530125.</translation>
+    </message>
+    <message>
+        <source>Both numbers are eastings, or both are northings.</source>
+        <translation>Beide Zahlen sind Ostwerte oder beide Nordwerte.</translation>
+    </message>
+    <message>
+        <source>The easting %1 is beyond 1000000 metres.</source>
+        <translation>Der Ostwert %1 liegt über 1000000 Metern.</translation>
+    </message>
+    <message>
+        <source>The northing %1 is beyond 10000000 metres.</source>
+        <translation>Der Nordwert %1 liegt über 10000000 Metern.</translation>
+    </message>
+    <message>
+        <source>There is no UTM band &quot;%1&quot;; bands are C to X without I and O.</source>
+        <translation>Es gibt kein UTM-Band „%1“; Bänder sind C bis X ohne I und O.</translation>
+    </message>
+    <message>
+        <source>The UTM zone %1 is not a number from 1 to 60.</source>
+        <translation>Die UTM-Zone %1 ist keine Zahl von 1 bis 60.</translation>
+    </message>
+    <message>
+        <source>The zone %1 lacks its band or hemisphere: write %2T, or %3 north.</source>
+        <translation>Der Zone %1 fehlt das Band oder die Halbkugel: Schreiben Sie %2T oder %3 north.</translation>
+    </message>
+    <message>
+        <source>The northing does not lie in band %1, %2 to %3 degrees north.</source>
+        <translation>Der Nordwert liegt nicht im Band %1, %2 bis %3 Grad Nord.</translation>
+    </message>
+    <message>
+        <source>The northing does not lie in band %1, %2 to %3 degrees south.</source>
+        <translation>Der Nordwert liegt nicht im Band %1, %2 bis %3 Grad Süd.</translation>
+    </message>
+    <message>
+        <source>UPS lacks its hemisphere: write A, B, Y or Z, or north or south.</source>
+        <translation>UPS fehlt die Halbkugel: Schreiben Sie A, B, Y oder Z oder north oder south.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no hemisphere: write A, B, Y or Z, or north or south.</source>
+        <translation>„%1“ ist keine Halbkugel: Schreiben Sie A, B, Y oder Z oder north oder south.</translation>
+    </message>
+    <message>
+        <source>That is further than 1500 km from the pole, where UPS is not used.</source>
+        <translation>Das ist weiter als 1500 km vom Pol, wo UPS nicht gilt.</translation>
+    </message>
+    <message>
+        <source>The easting does not lie in %1: A and Y are below 2000000.</source>
+        <translation>Der Ostwert liegt nicht in %1: A und Y sind unter 2000000.</translation>
+    </message>
+    <message>
+        <source>The text is too long for a position.</source>
+        <translation>Der Text ist zu lang für eine Position.</translation>
+    </message>
+    <message>
+        <source>Type an angle, as 10.5 or 10 30 E.</source>
+        <translation>Schreiben Sie einen Winkel, etwa 10.5 oder 10 30 E.</translation>
+    </message>
+    <message>
+        <source>Type a position, as 47.5 8.25 or 32T 470693 5150563.</source>
+        <translation>Schreiben Sie eine Position, etwa 47.5 8.25 oder 32T 470693 5150563.</translation>
+    </message>
+    <message>
+        <source>The UTM zone is missing: write it in front, as 32T 470693 5150563.</source>
+        <translation>Die UTM-Zone fehlt: Schreiben Sie sie davor, etwa 32T 470693 5150563.</translation>
+    </message>
+    <message>
+        <source>That lies outside UTM, 80 degrees south to 84 degrees north.</source>
+        <translation>Das liegt außerhalb von UTM, 80 Grad Süd bis 84 Grad Nord.</translation>
+    </message>
+    <message>
+        <source>%1S was read as the southern hemisphere.</source>
+        <translation>%1S wurde als südliche Halbkugel gelesen.</translation>
+    </message>
+    <message>
+        <source>%1S was read as band S, 32 to 40 degrees north; write &quot;%2 south&quot; for the southern hemisphere.</source>
+        <translation>%1S wurde als Band S gelesen, 32 bis 40 Grad Nord; schreiben Sie „%2 south“ für die südliche Halbkugel.</translation>
+    </message>
+    <message>
+        <source>A sign for degrees, minutes or seconds has no number before it.</source>
+        <translation>Vor einem Zeichen für Grad, Minuten oder Sekunden fehlt die Zahl.</translation>
+    </message>
+    <message>
+        <source>A coordinate has no number.</source>
+        <translation>Eine Koordinate hat keine Zahl.</translation>
+    </message>
+    <message>
+        <source>A coordinate is degrees, then minutes, then seconds, as 47° 30&apos; 15&quot;.</source>
+        <translation>Eine Koordinate besteht aus Grad, dann Minuten, dann Sekunden, etwa 47° 30&apos; 15&quot;.</translation>
+    </message>
+    <message>
+        <source>Only the last number of a coordinate may have decimals.</source>
+        <translation>Nur die letzte Zahl einer Koordinate darf Nachkommastellen haben.</translation>
+    </message>
+    <message>
+        <source>Only the degrees may have a sign.</source>
+        <translation>Nur die Grad dürfen ein Vorzeichen haben.</translation>
+    </message>
+    <message>
+        <source>Minutes and seconds are below 60, not %1.</source>
+        <translation>Minuten und Sekunden sind kleiner als 60, nicht %1.</translation>
+    </message>
+    <message>
+        <source>A coordinate has one letter, before or after it.</source>
+        <translation>Eine Koordinate hat einen Buchstaben, davor oder danach.</translation>
+    </message>
+    <message>
+        <source>A coordinate has a sign and a letter; leave one of them out.</source>
+        <translation>Eine Koordinate hat Vorzeichen und Buchstaben; lassen Sie eines weg.</translation>
+    </message>
+    <message>
+        <source>The latitude %1 is beyond 90 degrees. The latitude comes first, unless letters tell, as in 8.25 E 47.5 N.</source>
+        <translation>Die Breite %1 liegt über 90 Grad. Die Breite kommt zuerst, außer Buchstaben sagen es anders wie in 8.25 E 47.5 N.</translation>
+    </message>
+    <message>
+        <source>The longitude %1 is beyond 360 degrees.</source>
+        <translation>Die Länge %1 liegt über 360 Grad.</translation>
+    </message>
+    <message>
+        <source>That is one coordinate; a position has two, as 47.5 8.25.</source>
+        <translation>Das ist eine Koordinate; eine Position hat zwei, etwa 47.5 8.25.</translation>
+    </message>
+    <message>
+        <source>It is not clear where the second coordinate begins. Put a semicolon between them, as 47 30; 8.25.</source>
+        <translation>Es ist nicht klar, wo die zweite Koordinate beginnt. Setzen Sie einen Strichpunkt dazwischen, etwa 47 30; 8.25.</translation>
+    </message>
+    <message>
+        <source>Both coordinates are latitudes (N or S).</source>
+        <translation>Beide Koordinaten sind Breiten (N oder S).</translation>
+    </message>
+    <message>
+        <source>Both coordinates are longitudes (E or W).</source>
+        <translation>Beide Koordinaten sind Längen (E oder W).</translation>
+    </message>
+    <message>
+        <source>One angle is wanted, as 10.5 or 10 30 E.</source>
+        <translation>Gefragt ist ein Winkel, etwa 10.5 oder 10 30 E.</translation>
+    </message>
+    <message>
+        <source>A meridian lies east or west (E, W).</source>
+        <translation>Ein Meridian liegt östlich oder westlich (E, W).</translation>
+    </message>
+    <message>
+        <source>A parallel lies north or south (N, S).</source>
+        <translation>Ein Breitenkreis liegt nördlich oder südlich (N, S).</translation>
+    </message>
+    <message>
+        <source>The longitude of a meridian is at most 360 degrees.</source>
+        <translation>Die Länge eines Meridians ist höchstens 360 Grad.</translation>
+    </message>
+    <message>
+        <source>The latitude of a parallel is at most 90 degrees.</source>
+        <translation>Die Breite eines Breitenkreises ist höchstens 90 Grad.</translation>
+    </message>
+    <message>
+        <source>A grid reference has as many digits for the easting as for the northing.</source>
+        <translation>Eine Gitterangabe hat für Ost- und Nordwert gleich viele Ziffern.</translation>
+    </message>
+    <message>
+        <source>A grid reference has at most 8 digits for each coordinate.</source>
+        <translation>Eine Gitterangabe hat höchstens 8 Ziffern je Koordinate.</translation>
+    </message>
+    <message>
+        <source>There is no square %1 in %2.</source>
+        <translation>Es gibt kein Quadrat %1 in %2.</translation>
+    </message>
+    <message>
+        <source>There is no zone %1.</source>
+        <translation>Es gibt keine Zone %1.</translation>
+    </message>
+    <message>
+        <source>That is no grid reference, as 32T MS 70693 50563.</source>
+        <translation>Das ist keine Gitterangabe wie 32T MS 70693 50563.</translation>
+    </message>
+    <message>
+        <source>A grid reference begins with its zone, or near a pole with A, B, Y or Z.</source>
+        <translation>Eine Gitterangabe beginnt mit ihrer Zone, nahe den Polen mit A, B, Y oder Z.</translation>
+    </message>
+    <message>
+        <source>cannot be opened</source>
+        <translation>kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>es gibt keine solche Datei</translation>
+    </message>
+    <message>
+        <source>there is no column %1</source>
+        <translation>es gibt keine Spalte %1</translation>
+    </message>
+    <message>
+        <source>line %1: a quote is not closed</source>
+        <translation>Zeile %1: Ein Anführungszeichen ist nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>%1 fehlt</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is not a number</source>
+        <translation>%1 „%2“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>%1 %2 is no whole number</source>
+        <translation>%1 %2 ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>zone %1 is not whole</source>
+        <translation>die Zone %1 ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>%1 %2 is outside %3..%4</source>
+        <translation>%1 %2 liegt nicht zwischen %3 und %4</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is neither true nor false</source>
+        <translation>%1 „%2“ ist weder true noch false</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is neither meridian nor parallel</source>
+        <translation>%1 „%2“ ist weder meridian noch parallel</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is not of the form #RRGGBB</source>
+        <translation>%1 „%2“ hat nicht die Form #RRGGBB</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is not of the form 2024-02-29 13:45</source>
+        <translation>%1 „%2“ hat nicht die Form 2024-02-29 13:45</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is none of %3</source>
+        <translation>%1 „%2“ ist nichts von %3</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is too long and was cut</source>
+        <translation>%1 „%2“ ist zu lang und wurde gekürzt</translation>
+    </message>
+    <message>
+        <source>%1 holds a double quote or a line break, which a landmark file cannot store</source>
+        <translation>%1 enthält ein Anführungszeichen oder einen Zeilenumbruch, was eine Ortsmarkendatei nicht speichern kann</translation>
+    </message>
+    <message>
+        <source>the row holds no position</source>
+        <translation>die Zeile enthält keine Position</translation>
+    </message>
+    <message>
+        <source>holds no landmarks</source>
+        <translation>enthält keine Ortsmarken</translation>
+    </message>
+</context>
+<context>
     <name>ToolLength</name>
     <message>
         <source>%1 pixels</source>

@@ -18,10 +18,13 @@
 #include <QTranslator>
 #include <QXmlStreamReader>
 
+#include <geobasics/position_text.h>
+
 #include "main_window.h"
 #include "measure_area.h"
 #include "new_map_dialog.h"
 #include "position_parser.h"
+#include "reason_text.h"
 
 namespace zav {
 namespace {
@@ -131,6 +134,78 @@ TEST_F(LanguageTest, GermanNumbers) {
     EXPECT_NEAR(Typed.Position->Degrees.Longit, 8.25, 1e-9) << Text;
   }
   EXPECT_EQ(AreaText(1.25e6), "1,25 km²");
+}
+
+// Reasons of the readers are known by their wording; one that changes there is found here.
+TEST_F(LanguageTest, ReasonsOfTheReadersAreTranslated) {
+  if (UseLanguage("de") != "de") GTEST_SKIP() << "built without translations";
+  for (const char* Text : {"",
+                           "47-3 8",
+                           "+ 8",
+                           "47..5 8",
+                           "47,5,3,1 8",
+                           ":30 8",
+                           "1:2:3:4 8",
+                           "4700 m x 5000",
+                           "47 ! 8",
+                           "47 8 O",
+                           "47 q 8",
+                           "-470693 5150563",
+                           "470693 mE mN 5150563",
+                           "32T 470693 5150563 1",
+                           "470693 mE 5150563 mE",
+                           "2470693 mE 5150563 mN",
+                           "470693 mE 15150563 mN",
+                           "32I 470693 5150563",
+                           "61T 470693 5150563",
+                           "32 470693 5150563",
+                           "32T 470693 9150563",
+                           "UPS 2000000 2000000",
+                           "UPS T 2000000 2000000",
+                           "Z 5000000 2000000",
+                           "Z 1000000 2000000",
+                           "Z 2000000",
+                           "' 47 8",
+                           "N E",
+                           "47 30 15 20",
+                           "47.5 30 8",
+                           "47 -30 8",
+                           "47 75 8 1",
+                           "N 47 N 8 E",
+                           "-47 N 8 E",
+                           "95 8",
+                           "8 E 47 E",
+                           "8 E 947 N",
+                           "N 47 N",
+                           "47",
+                           "47 30 8",
+                           "32TMS123",
+                           "32TMS123456789012345678",
+                           "32TAA12",
+                           "32X MS 12",
+                           "TMS12"}) {
+    const QString Problem = ParseTypedPosition(QString::fromUtf8(Text)).Problem;
+    std::string English;
+    try {
+      static_cast<void>(ParsePositionText(Text));
+    } catch (const EPositionTextError& Error) {
+      English = Error.what();
+    }
+    if (!English.empty()) EXPECT_NE(Problem.toStdString(), English) << Text;
+  }
+  const struct {
+    const char* English;
+    const char* German;
+  } Cases[] = {
+      {"a.csv: there is no column pixel_y", "a.csv: es gibt keine Spalte pixel_y"},
+      {"C: a.csv:3: lat \"%2 x\" is not a number", "C: a.csv:3: lat „%2 x“ ist keine Zahl"},
+      {"a.csv:4: lat 95 is outside -90..90", "a.csv:4: lat 95 liegt nicht zwischen -90 und 90"},
+      {"a.csv: line 2: a quote is not closed",
+       "a.csv: Zeile 2: Ein Anführungszeichen ist nicht geschlossen"},
+      {"as nobody has put it before: no", "as nobody has put it before: no"},
+      {"", ""},
+  };
+  for (const auto& Case : Cases) EXPECT_EQ(ReasonText(Case.English).toStdString(), Case.German);
 }
 
 // --- the files of translations
