@@ -22,7 +22,7 @@ if(ZAVGEO_QT)
   set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME zavgeo)
   set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION science)
   set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SHLIBDEPS ON)
-  set(CPACK_DEBIAN_PROGRAMS_PACKAGE_RECOMMENDS "qt6-image-formats-plugins")
+  set(CPACK_DEBIAN_PROGRAMS_PACKAGE_RECOMMENDS "qt6-image-formats-plugins, qt6-translations-l10n")
   set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION
       "Viewer of scanned maps with positions, and a command line for coordinates\n Calibrates scans, measures, prints, keeps landmarks and geographic databases, and converts coordinates.")
 endif()

@@ -130,7 +130,7 @@ void CalibrationMenu::addPointCommands() {
   FRemove = add(tr("&Remove Point"), QKeySequence::Delete, tr("Remove the selected point"),
                 [&Work] { Work.removeSelected(); });
   FRemoveNearest = add(
-      tr("Remove Point N&earest to the Mouse"), QKeySequence(Qt::SHIFT | Qt::Key_Delete),
+      tr("Remove Point Nearest to the Mo&use"), QKeySequence(Qt::SHIFT | Qt::Key_Delete),
       tr("Remove the point nearest to the mouse"), [&Work] { Work.tool().removeNearestToMouse(); });
   FRestore =
       add(tr("Restore &Last Removed"), QKeySequence(Qt::CTRL | Qt::Key_R),
@@ -169,7 +169,7 @@ void CalibrationMenu::addLook() {
   connect(FResiduals, &QActionGroup::triggered, this, [&Tool](const QAction* Action) {
     Tool.overlay().setResidualFactor(Action->data().toInt());
   });
-  FGraticule = addAction(tr("&Graticule while Calibrating"));
+  FGraticule = addAction(tr("Graticule w&hile Calibrating"));
   FGraticule->setCheckable(true);
   FGraticule->setChecked(true);
   connect(FGraticule, &QAction::toggled, this,
@@ -181,6 +181,8 @@ void CalibrationMenu::fillDock() {
   Bar.addActions({FSave, FUndo, FRedo});
   Bar.addSeparator();
   Bar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  // All of them are seen, however long their names are in a language.
+  Bar.setMinimumWidth(Bar.sizeHint().width());
 }
 
 void CalibrationMenu::addToFile(QMenu& File, QAction* Before) {

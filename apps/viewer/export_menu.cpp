@@ -50,7 +50,7 @@ void ExportMenu::addToFile(QMenu& File, QAction* Before) {
   Map->setToolTip(tr("Write the image, encoded again, and its calibration as another map"));
   File.insertSeparator(Before);
   add(File, Before, tr("&Export PDF..."), &ExportMenu::exportPdf);
-  add(File, Before, tr("P&rint and Preview..."), &ExportMenu::print)
+  add(File, Before, tr("Prin&t and Preview..."), &ExportMenu::print)
       ->setShortcut(QKeySequence::Print);
   File.insertSeparator(Before);
 }

@@ -60,7 +60,7 @@ void MainWindow::makeAtlas(QMenu& File) {
   FCoarser =
       FView->addAction(MakeIcon(ViewerIcon::MapCoarser), tr("L&ess Detailed Map"),
                        QKeySequence(Qt::ALT | Qt::Key_Up), this, [this] { goFromMiddle(-1); });
-  QAction* Outlines = FView->addAction(tr("Out&lines of Other Maps"));
+  QAction* Outlines = FView->addAction(tr("O&utlines of Other Maps"));
   Outlines->setCheckable(true);
   Outlines->setChecked(FSettings == nullptr || FSettings->value(OutlinesKey, true).toBool());
   FAtlas->setMapOutlineVisible(Outlines->isChecked());

@@ -126,9 +126,9 @@ QAction* ToolMenu::addTool(Tool Mode) {
 }
 
 void ToolMenu::addResults() {
-  FCopyArea = addAction(tr("Copy A&rea"), this, [this] { emit copyText(FMeasure->areaText()); });
+  FCopyArea = addAction(tr("Copy &Area"), this, [this] { emit copyText(FMeasure->areaText()); });
   FCopyLength = addAction(tr("&Copy Length"), this, [this] { emit copyText(lengthText()); });
-  FClear = addAction(tr("Clear Lines and Tr&ace"), this, [this] {
+  FClear = addAction(tr("Clear Li&nes and Trace"), this, [this] {
     clearResults();
     FTrace->clear();
   });

@@ -1475,11 +1475,11 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation>&amp;Wiederherstellen</translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation>Wiederherstellen</translation>
+        <translation>Wiederholen</translation>
     </message>
     <message>
         <source>A&amp;dd Point</source>
@@ -1512,10 +1512,6 @@
     <message>
         <source>Remove the selected point</source>
         <translation>Den ausgewählten Punkt löschen</translation>
-    </message>
-    <message>
-        <source>Remove Point N&amp;earest to the Mouse</source>
-        <translation>Punkt bei der &amp;Maus löschen</translation>
     </message>
     <message>
         <source>Remove the point nearest to the mouse</source>
@@ -1566,12 +1562,8 @@
         <translation>Kla&amp;ffungen als Pfeile</translation>
     </message>
     <message>
-        <source>&amp;Graticule while Calibrating</source>
-        <translation>Gradnetz &amp;beim Kalibrieren</translation>
-    </message>
-    <message>
         <source>Click: new point. Drag a point, or arrow keys: move it. Drag elsewhere, middle button or Space: move the map. Wheel: zoom; with Ctrl: magnifier</source>
-        <translation>Klick: neuer Punkt. Punkt ziehen oder Pfeiltasten: verschieben. Daneben ziehen, mittlere Taste oder Leertaste: Karte verschieben. Rad: zoomen; mit Strg: Lupe</translation>
+        <translation>Klick: neuer Punkt. Punkt ziehen, Pfeile: verschieben. Daneben ziehen, mittlere Taste, Leertaste: Karte verschieben. Rad: zoomen; mit Strg: Lupe</translation>
     </message>
     <message>
         <source>&amp;Undo: %1</source>
@@ -1579,7 +1571,7 @@
     </message>
     <message>
         <source>&amp;Redo: %1</source>
-        <translation>&amp;Wiederherstellen: %1</translation>
+        <translation>&amp;Wiederholen: %1</translation>
     </message>
     <message>
         <source>Save</source>
@@ -1588,6 +1580,14 @@
     <message>
         <source>S&amp;witch the Point On</source>
         <translation>Punkt einsch&amp;alten</translation>
+    </message>
+    <message>
+        <source>Remove Point Nearest to the Mo&amp;use</source>
+        <translation>Punkt bei der &amp;Maus löschen</translation>
+    </message>
+    <message>
+        <source>Graticule w&amp;hile Calibrating</source>
+        <translation>Gradnetz &amp;beim Kalibrieren</translation>
     </message>
 </context>
 <context>
@@ -1638,7 +1638,7 @@
     </message>
     <message>
         <source>Off by px</source>
-        <translation>Klaffung px</translation>
+        <translation>Rest px</translation>
     </message>
     <message>
         <source>Residual on the ground: from the position to the one read off the map</source>
@@ -1646,7 +1646,7 @@
     </message>
     <message>
         <source>Off by</source>
-        <translation>Klaffung</translation>
+        <translation>Rest</translation>
     </message>
     <message>
         <source>Meridian %1</source>
@@ -1809,10 +1809,6 @@
         <translation>PDF e&amp;xportieren...</translation>
     </message>
     <message>
-        <source>P&amp;rint and Preview...</source>
-        <translation>Drucken mit &amp;Vorschau...</translation>
-    </message>
-    <message>
         <source>Copy Picture of the &amp;Window</source>
         <translation>Bild des &amp;Fensters kopieren</translation>
     </message>
@@ -1873,6 +1869,10 @@
         <source>%1 copy</source>
         <comment>name of a file</comment>
         <translation>%1 Kopie</translation>
+    </message>
+    <message>
+        <source>Prin&amp;t and Preview...</source>
+        <translation>Drucken mit &amp;Vorschau...</translation>
     </message>
 </context>
 <context>
@@ -2352,11 +2352,11 @@
     </message>
     <message>
         <source>&amp;Redo</source>
-        <translation>&amp;Wiederherstellen</translation>
+        <translation>&amp;Wiederholen</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation>Wiederherstellen</translation>
+        <translation>Wiederholen</translation>
     </message>
     <message>
         <source>Delete &amp;Landmark</source>
@@ -2424,7 +2424,7 @@
     </message>
     <message>
         <source>&amp;Redo: %1</source>
-        <translation>&amp;Wiederherstellen: %1</translation>
+        <translation>&amp;Wiederholen: %1</translation>
     </message>
 </context>
 <context>
@@ -3173,10 +3173,6 @@
         <translation>Gr&amp;öbere Karte</translation>
     </message>
     <message>
-        <source>Out&amp;lines of Other Maps</source>
-        <translation>&amp;Umrisse anderer Karten</translation>
-    </message>
-    <message>
         <source>No map of this place is more detailed</source>
         <translation>Keine Karte dieser Stelle ist feiner</translation>
     </message>
@@ -3275,7 +3271,7 @@
     </message>
     <message>
         <source>Fi&amp;nd in Databases</source>
-        <translation>In &amp;Datenbanken suchen</translation>
+        <translation>In Datenbanken &amp;suchen</translation>
     </message>
     <message>
         <source>Open Databases</source>
@@ -3408,6 +3404,10 @@
     <message>
         <source>Mouse</source>
         <translation>Maus</translation>
+    </message>
+    <message>
+        <source>O&amp;utlines of Other Maps</source>
+        <translation>&amp;Umrisse anderer Karten</translation>
     </message>
 </context>
 <context>
@@ -3680,7 +3680,7 @@
     <name>zav::ReadoutButton</name>
     <message>
         <source>&amp;Position As</source>
-        <translation>Sch&amp;reibweise der Position</translation>
+        <translation>S&amp;chreibweise der Position</translation>
     </message>
     <message>
         <source>Position under the mouse. Click for the next way to write it, right-click to choose.</source>
@@ -3948,16 +3948,8 @@
         <translation>&amp;Werkzeuge</translation>
     </message>
     <message>
-        <source>Copy A&amp;rea</source>
-        <translation>&amp;Fläche kopieren</translation>
-    </message>
-    <message>
         <source>&amp;Copy Length</source>
         <translation>Länge &amp;kopieren</translation>
-    </message>
-    <message>
-        <source>Clear Lines and Tr&amp;ace</source>
-        <translation>Linien &amp;und Spur löschen</translation>
     </message>
     <message>
         <source>Clear measured lines, the selected rectangle and the trace (%1)</source>
@@ -3974,6 +3966,14 @@
     <message>
         <source>A map is shown at 50 % at least</source>
         <translation>Eine Karte wird mit mindestens 50 % gezeigt</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Area</source>
+        <translation>&amp;Fläche kopieren</translation>
+    </message>
+    <message>
+        <source>Clear Li&amp;nes and Trace</source>
+        <translation>Linien &amp;und Spur löschen</translation>
     </message>
 </context>
 <context>
