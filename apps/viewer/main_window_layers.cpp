@@ -41,10 +41,12 @@ void MainWindow::makeLayers(QMenu& File) {
   Show->setText(tr("&Databases"));
   Show->setShortcut(Qt::Key_F7);
   FView->addAction(Show);
-  QAction* Find = FView->addAction(tr("Fi&nd in Databases"), QKeySequence::Find, this, [this] {
-    FLayerDock->show();
-    FLayerDock->startSearch();
-  });
+  // Ctrl+F finds landmarks.
+  QAction* Find =
+      FView->addAction(tr("Fi&nd in Databases"), Qt::CTRL | Qt::SHIFT | Qt::Key_F, this, [this] {
+        FLayerDock->show();
+        FLayerDock->startSearch();
+      });
   const auto Update = [this, Find] { Find->setEnabled(FLayers->count() > 0); };
   connect(FLayers, &Layers::changed, this, Update);
   Update();

@@ -192,7 +192,9 @@ TEST_F(LanguageTest, ReasonsOfTheReadersAreTranslated) {
     } catch (const EPositionTextError& Error) {
       English = Error.what();
     }
-    if (!English.empty()) EXPECT_NE(Problem.toStdString(), English) << Text;
+    // What is understood after all has no problem in either language.
+    EXPECT_EQ(Problem.isEmpty(), English.empty()) << Text;
+    EXPECT_TRUE(English.empty() || Problem.toStdString() != English) << English;
   }
   const struct {
     const char* English;
