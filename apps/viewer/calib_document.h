@@ -12,6 +12,7 @@
 #define ZAV_APPS_VIEWER_CALIB_DOCUMENT_H
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <QObject>
@@ -199,6 +200,12 @@ class CalibDocument : public QObject {
   QString calibId() const;
   // Where save() would write a map that has no file yet: the image's name with ".xml".
   QString suggestedFileName() const;
+
+  // --- unsaved work through a crash --------------------------------------------------------------
+  // The document as it is, without its file; the lines of a RecoveryText.
+  std::string recoveryText() const;
+  // Puts that in the place of what was loaded, as a step of undo.
+  QString recover(const std::vector<std::vector<std::string>>& Lines);
 
   // --- points as tables --------------------------------------------------------------------------
   // Reads what the export writes and what "zavgeo calibrate --points" takes; one step of undo. The

@@ -15,7 +15,7 @@
 
 #include "calib_document.h"
 #include "calib_side_text.h"
-#include "common/csv.h"
+#include "field_line.h"
 
 namespace zav {
 
@@ -101,52 +101,7 @@ bool GraticuleComplete(const TCalibData& Data) {
 
 // --- writing -------------------------------------------------------------------------------------
 
-// A line of fields under construction.
-class LineText {
- public:
-  explicit LineText(std::string_view Kind) : FText(Kind) {}
-  LineText& operator<<(std::string_view Field) {
-    FText += ',';
-    AppendCsvField(FText, Field);
-    return *this;
-  }
-  LineText& operator<<(double Value) { return *this << ShortestNumber(Value); }
-  LineText& operator<<(TPoint Pixel) {
-    return *this << IntegerText(Pixel.X) << IntegerText(Pixel.Y);
-  }
-  std::string Take() { return std::move(FText) + "\r\n"; }
-
- private:
-  std::string FText;
-};
-
 std::string_view HemisphereWord(bool South) { return South ? "south" : "north"; }
-
-std::string ItemLine(const CalibItem& Item, bool Stored) {
-  const std::string_view State = Stored ? "on" : Item.Enabled ? "waiting" : "off";
-  const CalibPosition& Position = Item.Position;
-  const auto Finish = [&](LineText& Line) {
-    Line << Item.Pixel << FromQString(Item.Name);
-    return Line.Take();
-  };
-  if (Item.IsLinePoint()) {
-    LineText Line(Item.Kind == CalibItemKind::Meridian ? "meridian" : "parallel");
-    Line << State << Item.Value;
-    return Finish(Line);
-  }
-  if (!Position.IsUtm) {
-    LineText Line("point");
-    Line << State << Position.Degrees.Latit << Position.Degrees.Longit;
-    return Finish(Line);
-  }
-  LineText Line("utm");
-  Line << State << Position.Metres.Northing << Position.Metres.Easting;
-  if (Position.Zone == 0)
-    Line << std::string_view() << std::string_view();
-  else
-    Line << IntegerText(Position.Zone) << HemisphereWord(Position.South);
-  return Finish(Line);
-}
 
 // What the calibration file alone would give back.
 SideMerge ReadBack(const CalibState& State, const CalibRecord& Record) {
@@ -175,17 +130,43 @@ std::string PartText(const std::string& Id, const CalibState& State) {
   const bool ModelTold = Plain.Model == State.Model;
   const bool ZoneTold = Plain.Grid.Zone == State.Grid.Zone;
   if (ModelTold && ZoneTold && SameItems(Plain.Items, State.Items)) return {};
-  std::string Text = (LineText("calibration") << Id).Take();
-  Text += (LineText("image") << State.ImageName).Take();
-  if (!ModelTold) Text += (LineText("model") << CalibModelKeyword(State.Model)).Take();
+  std::string Text = (FieldLine("calibration") << Id).Take();
+  Text += (FieldLine("image") << State.ImageName).Take();
+  if (!ModelTold) Text += (FieldLine("model") << CalibModelKeyword(State.Model)).Take();
   if (State.Grid.Zone == 60)
-    Text += (LineText("zone") << "60" << HemisphereWord(State.Grid.South)).Take();
+    Text += (FieldLine("zone") << "60" << HemisphereWord(State.Grid.South)).Take();
   for (size_t i = 0; i < State.Items.size(); ++i)
-    Text += ItemLine(*State.Items[i], Record.Stored[i]);
+    Text += SideItemLine(*State.Items[i], Record.Stored[i]);
   return Text;
 }
 
 }  // namespace
+
+std::string SideItemLine(const CalibItem& Item, bool Stored) {
+  const std::string_view State = Stored ? "on" : Item.Enabled ? "waiting" : "off";
+  const CalibPosition& Position = Item.Position;
+  const auto Finish = [&](FieldLine& Line) {
+    Line << Item.Pixel << FromQString(Item.Name);
+    return Line.Take();
+  };
+  if (Item.IsLinePoint()) {
+    FieldLine Line(Item.Kind == CalibItemKind::Meridian ? "meridian" : "parallel");
+    Line << State << Item.Value;
+    return Finish(Line);
+  }
+  if (!Position.IsUtm) {
+    FieldLine Line("point");
+    Line << State << Position.Degrees.Latit << Position.Degrees.Longit;
+    return Finish(Line);
+  }
+  FieldLine Line("utm");
+  Line << State << Position.Metres.Northing << Position.Metres.Easting;
+  if (Position.Zone == 0)
+    Line << std::string_view() << std::string_view();
+  else
+    Line << IntegerText(Position.Zone) << HemisphereWord(Position.South);
+  return Finish(Line);
+}
 
 std::string SideFileName(const std::string& CalibrationFile) { return CalibrationFile + ".points"; }
 
@@ -260,13 +241,13 @@ std::string UpdatedSideText(const std::string& OldText, const std::string& Id,
       Placed = true;
       continue;
     }
-    Parts += (LineText("calibration") << Part.Id).Take();
+    Parts += (FieldLine("calibration") << Part.Id).Take();
     for (const std::string_view Line : Part.Lines) Parts.append(Line).append("\r\n");
   }
   if (!Placed) Parts += Own;
   Damaged = Old.Unknown || Old.Damaged > 0;
   if (Parts.empty()) return {};
-  return (LineText(SideSignature) << SideVersion).Take() + Parts;
+  return (FieldLine(SideSignature) << SideVersion).Take() + Parts;
 }
 
 }  // namespace zav

@@ -16,6 +16,9 @@ namespace zav {
 
 std::string SideFileName(const std::string& CalibrationFile);
 
+// The line of an item with its end. Stored: the calibration file has it too.
+std::string SideItemLine(const CalibItem& Item, bool Stored);
+
 // The items of a record in their order, as a calibration file alone gives them; ids are 0.
 std::vector<CalibItem> ItemsOfRecord(const TCalibData& Data, TCalibModel Model);
 

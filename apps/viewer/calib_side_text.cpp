@@ -12,7 +12,7 @@
 
 #include "calib_document_private.h"
 #include "common/csv.h"
-#include "common/table.h"
+#include "field_line.h"
 
 namespace zav {
 
@@ -21,9 +21,6 @@ namespace {
 constexpr double MaxPixel = 1000000;
 
 using Fields = std::vector<std::string>;
-
-// A line that is not as it should be.
-struct ESideLine {};
 
 std::vector<std::string_view> LinesOf(std::string_view Text) {
   std::vector<std::string_view> Lines;
@@ -49,28 +46,14 @@ Fields FieldsOf(std::string_view Line) {
   return {};
 }
 
-// The fields of an item's line, one after the other. Throws ESideLine.
-class FieldReader {
+// The fields of an item's line.
+class SideReader : public FieldReader {
  public:
-  explicit FieldReader(const Fields& Line) : FLine(Line) {}
+  using FieldReader::FieldReader;
 
-  const std::string& Text() {
-    if (FNext >= FLine.size()) throw ESideLine();
-    return FLine[FNext++];
-  }
-  double Number(double Most) {
-    const auto Value = ParseNumber(Text());
-    if (!Value || std::abs(*Value) > Most) throw ESideLine();
-    return *Value + 0.0;
-  }
-  int32_t Whole(double Most) {
-    const double Value = Number(Most);
-    if (Value != std::floor(Value)) throw ESideLine();
-    return static_cast<int32_t>(Value);
-  }
   bool South() {
     const std::string& Word = Text();
-    if (Word != "north" && Word != "south") throw ESideLine();
+    if (Word != "north" && Word != "south") throw EFieldLine();
     return Word == "south";
   }
   SideState State() {
@@ -78,20 +61,15 @@ class FieldReader {
     if (Word == "on") return SideState::On;
     if (Word == "off") return SideState::Off;
     if (Word == "waiting") return SideState::Waiting;
-    throw ESideLine();
+    throw EFieldLine();
   }
   TPoint Pixel() {
-    const int32_t X = Whole(MaxPixel);
-    return {X, Whole(MaxPixel)};
+    const auto X = static_cast<int32_t>(Whole(MaxPixel));
+    return {X, static_cast<int32_t>(Whole(MaxPixel))};
   }
-  bool NextIsEmpty() const { return FNext < FLine.size() && FLine[FNext].empty(); }
-
- private:
-  const Fields& FLine;
-  size_t FNext = 1;
 };
 
-CalibPosition ReadUtm(FieldReader& Reader) {
+CalibPosition ReadUtm(SideReader& Reader) {
   const double Northing = Reader.Number(1e8);
   const double Easting = Reader.Number(1e8);
   if (Reader.NextIsEmpty()) {
@@ -99,13 +77,37 @@ CalibPosition ReadUtm(FieldReader& Reader) {
     Reader.Text();
     return CalibPosition::OfUtm(Northing, Easting);
   }
-  const int32_t Zone = Reader.Whole(60);
-  if (Zone < 1) throw ESideLine();
+  const auto Zone = static_cast<int32_t>(Reader.Whole(60));
+  if (Zone < 1) throw EFieldLine();
   return CalibPosition::OfUtm(Northing, Easting, Zone, Reader.South());
 }
 
-SideItem ReadItem(const Fields& Line) {
-  FieldReader Reader(Line);
+bool IsItemKind(const std::string& Kind) {
+  return Kind == "point" || Kind == "utm" || Kind == "meridian" || Kind == "parallel";
+}
+
+void ReadLine(const Fields& Line, SidePart& Part) {
+  if (IsItemKind(Line[0])) {
+    Part.Items.push_back(ReadSideItem(Line));
+    return;
+  }
+  SideReader Reader(Line);
+  if (Line[0] == "image") {
+    Part.Image = Reader.Text();
+  } else if (Line[0] == "model") {
+    Part.Model = FindCalibModel(Reader.Text());
+  } else if (Line[0] == "zone") {
+    if (Reader.Whole(60) != 60) throw EFieldLine();
+    Part.Zone60South = Reader.South();
+  } else {
+    throw EFieldLine();
+  }
+}
+
+}  // namespace
+
+SideItem ReadSideItem(const std::vector<std::string>& Line) {
+  SideReader Reader(Line);
   SideItem Side;
   Side.State = Reader.State();
   const std::string& Kind = Line[0];
@@ -122,30 +124,6 @@ SideItem ReadItem(const Fields& Line) {
   Side.Item.Name = CleanName(QString::fromStdString(Reader.Text()));
   return Side;
 }
-
-bool IsItemKind(const std::string& Kind) {
-  return Kind == "point" || Kind == "utm" || Kind == "meridian" || Kind == "parallel";
-}
-
-void ReadLine(const Fields& Line, SidePart& Part) {
-  if (IsItemKind(Line[0])) {
-    Part.Items.push_back(ReadItem(Line));
-    return;
-  }
-  FieldReader Reader(Line);
-  if (Line[0] == "image") {
-    Part.Image = Reader.Text();
-  } else if (Line[0] == "model") {
-    Part.Model = FindCalibModel(Reader.Text());
-  } else if (Line[0] == "zone") {
-    if (Reader.Whole(60) != 60) throw ESideLine();
-    Part.Zone60South = Reader.South();
-  } else {
-    throw ESideLine();
-  }
-}
-
-}  // namespace
 
 SideText SidePartsOf(std::string_view Text) {
   SideText Result;
@@ -172,9 +150,9 @@ SidePart ReadSidePart(const SideText::Part& Text, int& Damaged) {
   for (const std::string_view Each : Text.Lines) {
     const Fields Line = FieldsOf(Each);
     try {
-      if (Line.empty()) throw ESideLine();
+      if (Line.empty()) throw EFieldLine();
       ReadLine(Line, Part);
-    } catch (const ESideLine&) {
+    } catch (const EFieldLine&) {
       ++Damaged;
     }
   }

@@ -24,6 +24,9 @@ struct SideItem {
   SideState State = SideState::On;
 };
 
+// An item from the fields of its line. Throws EFieldLine.
+SideItem ReadSideItem(const std::vector<std::string>& Line);
+
 struct SidePart {
   std::string Image;
   std::optional<TCalibModel> Model;

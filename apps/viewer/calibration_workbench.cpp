@@ -212,6 +212,14 @@ bool CalibrationWorkbench::exportTo(const QString& FileName) {
   return true;
 }
 
+bool CalibrationWorkbench::recover(const RecoveryText& Work) {
+  if (!tell(FDocument.recover(Work.Lines))) return false;
+  FDock->show();
+  FDock->updateWarnings();
+  emit done(tr("Recovered, not saved yet"));
+  return true;
+}
+
 // --- points
 
 void CalibrationWorkbench::removeSelected() {

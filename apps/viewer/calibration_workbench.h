@@ -11,6 +11,7 @@
 #include "calibration_dock.h"
 #include "calibration_tool.h"
 #include "map_source.h"
+#include "recovery_text.h"
 
 class QMainWindow;
 
@@ -50,6 +51,8 @@ class CalibrationWorkbench final : public QObject {
   bool saveTo(const QString& FileName);
   bool importFrom(const QString& FileName, CalibImport Mode);
   bool exportTo(const QString& FileName);
+  // Puts work that a crash has left in the place of what was opened, and shows it.
+  bool recover(const RecoveryText& Work);
 
   void removeSelected();
   void restoreRemoved();

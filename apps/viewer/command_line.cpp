@@ -46,6 +46,12 @@ std::optional<GeoMapWidget::Graticule> ParseGraticule(const QString& Text) {
   return std::nullopt;
 }
 
+QString ThemeList() {
+  QStringList Names;
+  for (const Theme Each : AllThemes) Names << ThemeKeyword(Each);
+  return Names.join(QStringLiteral(", "));
+}
+
 std::optional<QSize> ParseSize(const QString& Text) {
   static const QRegularExpression Form(QStringLiteral("^([0-9]{1,5})[xX]([0-9]{1,5})$"));
   const QRegularExpressionMatch Match = Form.match(Text);
@@ -101,6 +107,8 @@ void AddOptions(QCommandLineParser& Parser) {
        QStringLiteral("FILE")},
       {QStringLiteral("size"), Texts::tr("Size of the window, 200x150 to 8000x8000."),
        QStringLiteral("WxH")},
+      {QStringLiteral("theme"), Texts::tr("Colours of the window: %1.").arg(ThemeList()),
+       QStringLiteral("THEME")},
   });
 }
 
@@ -132,6 +140,7 @@ CommandLine ReadCommandLine(const QStringList& Arguments) {
              Options.Center, Result.Error);
   ReadOption(Parser, "size", ParseSize, Texts::tr("WxH in pixels, 200x150 to 8000x8000"),
              Options.Size, Result.Error);
+  ReadOption(Parser, "theme", ParseTheme, ThemeList(), Options.Theme, Result.Error);
   if (Result.Error.isEmpty() && Options.Fit && Options.Magnification)
     Result.Error = Texts::tr("--fit chooses the magnification itself; leave out --magnification");
   if (Result.Error.isEmpty() && Parser.isSet(QStringLiteral("screenshot")) &&

@@ -12,6 +12,8 @@
 #include <geomap/calibration/calib_data.h>
 #include <platform/qt/geo_map_widget.h>
 
+#include "theme.h"
+
 namespace zav {
 
 struct ViewerOptions {
@@ -22,6 +24,7 @@ struct ViewerOptions {
   std::optional<TCoords> Center;
   QString Screenshot;  // file to write; empty = interactive
   std::optional<QSize> Size;
+  std::optional<zav::Theme> Theme;  // nothing: as it was chosen before
 };
 
 struct CommandLine {

@@ -12,6 +12,7 @@
 #include <QPixmap>
 #include <QSettings>
 
+#include "sharp_pixmap.h"
 #include "view_layout.h"
 
 namespace zav {
@@ -55,7 +56,7 @@ QAction* AddChoice(QMenu& Menu, QActionGroup& Group, const QString& Text, const 
 }
 
 QIcon SwatchIcon(const QColor& Color) {
-  QPixmap Swatch(16, 16);
+  QPixmap Swatch = SharpPixmap({16, 16});
   Swatch.fill(Color);
   return {Swatch};
 }

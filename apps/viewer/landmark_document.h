@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include <QObject>
 #include <QString>
@@ -81,6 +82,11 @@ class LandmarkDocument final : public QObject {
   QString fileName() const { return FFileName; }
   // Whether the file holds this set only, so that saving loses nothing.
   bool isOwnFile() const { return FOwnFile; }
+  // Unsaved work through a crash: all landmarks as the lines of a RecoveryText, and the way back:
+  // the file is loaded, if it is still there, and the landmarks take the place of its own, as a
+  // step of undo.
+  std::string recoveryText() const;
+  QString recover(const QString& FileName, const std::vector<std::vector<std::string>>& Lines);
   // How many landmarks have a shape that comes back as a cross: the upright cross, user-defined.
   int shapesNotStored() const;
   // Adds the lines of a table; one step. Problems tells of the lines that could not be taken, at

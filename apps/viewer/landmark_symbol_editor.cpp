@@ -9,16 +9,20 @@
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPixmap>
 #include <QSpinBox>
 
 #include <geomap/landmarks/symbol_drawing.h>
+#include <platform/base/rounding.h>
 #include <platform/qt/qt_convert.h>
 #include <platform/qt/qt_image.h>
 #include <platform/raster/bitmap.h>
 #include <platform/raster/raster_canvas.h>
+
+#include "sharp_pixmap.h"
 
 namespace zav {
 
@@ -27,26 +31,33 @@ namespace {
 constexpr TColor IconGround = RgbColor(0xf4, 0xf4, 0xee);
 
 // What fits: large symbols and long arrows are drawn smaller.
-TSymbolProperties Fitted(TSymbolProperties Symbol, int Side) {
+TSymbolProperties Fitted(TSymbolProperties Symbol, int Side, double Ratio) {
   const int Reach = Side / 2 - 2;
   const bool Arrow =
       Symbol.Kind == TLandMarkElement::lmArrowFrom || Symbol.Kind == TLandMarkElement::lmArrowTo;
-  Symbol.Size = std::clamp(Symbol.Size, -Reach, Reach);
-  if (Arrow) Symbol.Length = std::clamp(Symbol.Length, -Reach, Reach);
+  const auto Scaled = [&](int32_t Length) {
+    return RoundHalfEven(std::clamp<double>(Length * Ratio, -Reach, Reach));
+  };
+  Symbol.Size = Scaled(Symbol.Size);
+  if (Arrow) Symbol.Length = Scaled(Symbol.Length);
   return Symbol;
 }
 
 }  // namespace
 
-QIcon SymbolIcon(const TSymbolProperties& Symbol, int Side) {
+QIcon SymbolIcon(const TSymbolProperties& Symbol, int LogicalSide) {
+  const double Ratio = qGuiApp->devicePixelRatio();
+  const int32_t Side = RoundHalfEven(LogicalSide * Ratio);
   TBitmap Bitmap(Side, Side, TPixelFormat::pf32bit);
   TRasterCanvas Canvas(Bitmap);
   Canvas.Brush = {IconGround, TBrushStyle::bsSolid};
   Canvas.FillRect({0, 0, Side, Side});
   Canvas.Brush = {};
-  DrawLandMarkSymbolOnCanvas(Canvas, Side / 2, Side / 2, Fitted(Symbol, Side));
+  DrawLandMarkSymbolOnCanvas(Canvas, Side / 2, Side / 2, Fitted(Symbol, Side, Ratio));
   const TBitmap& Drawn = Bitmap;
-  return QIcon(QPixmap::fromImage(WrapBitmap(Drawn).copy()));
+  QPixmap Pixmap = QPixmap::fromImage(WrapBitmap(Drawn).copy());
+  Pixmap.setDevicePixelRatio(Ratio);
+  return QIcon(Pixmap);
 }
 
 QString ShapeName(TLandMarkElement Shape) {
@@ -85,10 +96,10 @@ ColorButton::ColorButton(const QString& Name, QWidget* Parent) : QToolButton(Par
 
 void ColorButton::setColor(TColor Color) {
   FColor = Color;
-  QPixmap Patch(24, 14);
+  QPixmap Patch = SharpPixmap({24, 14});
   Patch.fill(ToQColor(Color));
   setIcon(QIcon(Patch));
-  setIconSize(Patch.size());
+  setIconSize(Patch.deviceIndependentSize().toSize());
   setAccessibleDescription(ToQColor(Color).name());
 }
 

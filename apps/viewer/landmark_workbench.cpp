@@ -272,6 +272,15 @@ bool LandmarkWorkbench::importFrom(const QString& FileName, const TLandMarkSourc
   return true;
 }
 
+bool LandmarkWorkbench::recover(const RecoveryText& Work) {
+  FTool->abort();
+  FTool->select(0);
+  if (!tell(FDocument.recover(Work.Head.FileName, Work.Lines))) return false;
+  FDock->show();
+  emit done(tr("Recovered, not saved yet"));
+  return true;
+}
+
 // --- symbols and classes
 
 void LandmarkWorkbench::editSymbols() {

@@ -15,6 +15,7 @@
 #include "landmark_dock.h"
 #include "landmark_document.h"
 #include "landmark_tool.h"
+#include "recovery_text.h"
 
 class QMainWindow;
 
@@ -54,6 +55,8 @@ class LandmarkWorkbench final : public QObject, private TGeoMapObserver {
   bool openFile(const QString& FileName);
   bool saveTo(const QString& FileName);
   bool importFrom(const QString& FileName, const TLandMarkSources& Sources);
+  // Puts work that a crash has left in the place of what is open, and shows it.
+  bool recover(const RecoveryText& Work);
 
   void setCaptions(TCaptions Captions);
   TCaptions captions() const { return FCaptions.Captions(); }

@@ -15,10 +15,13 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include <platform/qt/qt_convert.h>
+
+#include "sharp_pixmap.h"
 
 namespace zav {
 
@@ -34,8 +37,8 @@ QString NameOf(const TgdbData& Data) {
 }
 
 QIcon ColorIcon(const KindStyle& Style) {
-  QPixmap Pixmap(16, 16);
-  Pixmap.fill(Style.Fill.isValid() ? Style.Fill : Qt::transparent);
+  QPixmap Pixmap = SharpPixmap({16, 16});
+  if (Style.Fill.isValid()) Pixmap.fill(Style.Fill);
   QPainter Painter(&Pixmap);
   Painter.setPen(QPen(Style.Color, Style.Fill.isValid() ? 2 : 4));
   if (Style.Fill.isValid())
@@ -73,7 +76,7 @@ LayerDock::LayerDock(Layers& Layers, QWidget* Parent)
   FDetails = new QLabel(Body);
   FDetails->setWordWrap(true);
   FDetails->setTextFormat(Qt::PlainText);
-  FDetails->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  FDetails->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   FDetails->setAccessibleName(tr("About the item"));
   Layout->addWidget(FDetails);
   setWidget(Body);
@@ -111,7 +114,7 @@ QWidget* LayerDock::makeLayers() {
 QWidget* LayerDock::makeKinds() {
   FKinds = new QListWidget(this);
   FKinds->setAccessibleName(tr("What is shown"));
-  FKinds->setToolTip(tr("What is shown; a double click chooses the colour"));
+  FKinds->setToolTip(tr("What is shown; a double click or Enter chooses the colour"));
   FKinds->setFlow(QListView::LeftToRight);
   FKinds->setWrapping(true);
   FKinds->setResizeMode(QListView::Adjust);
@@ -128,6 +131,10 @@ QWidget* LayerDock::makeKinds() {
     FLayers.setStyle(Style);
   });
   connect(FKinds, &QListWidget::itemDoubleClicked, this, &LayerDock::chooseColor);
+  auto* Choose = new QShortcut(Qt::Key_Return, FKinds, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(Choose, &QShortcut::activated, this, [this] {
+    if (FKinds->currentItem() != nullptr) chooseColor(FKinds->currentItem());
+  });
   return FKinds;
 }
 

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include "command_line.h"
@@ -64,6 +65,7 @@ int WriteScreenshot(const zav::ViewerOptions& Options) {
   if (QGuiApplication::platformName() == QLatin1String("offscreen"))
     qInstallMessageHandler(WithoutScreen);
   // No settings: the picture depends on the arguments alone.
+  zav::ApplyTheme(Options.Theme.value_or(zav::Theme::System));
   zav::MainWindow Window(nullptr);
   Window.resize(Options.Size.value_or(QSize(1280, 800)));
   Window.show();
@@ -79,12 +81,15 @@ int WriteScreenshot(const zav::ViewerOptions& Options) {
 
 int RunWindow(const zav::ViewerOptions& Options) {
   QSettings Settings;
+  zav::ApplyTheme(Options.Theme.value_or(zav::ThemeIn(Settings)));
   zav::MainWindow Window(&Settings);
   if (Options.Size) Window.resize(*Options.Size);
   Window.show();
   // Once the event loop runs, the window has the size that the desktop lets it have.
   QTimer::singleShot(0, &Window, [&Window, &Options] {
     if (Window.openAll(Options.Paths).isEmpty()) Window.applyView(Options);
+    Window.keepWork(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
+                    QStringLiteral("/unsaved"));
   });
   return QApplication::exec();
 }

@@ -27,6 +27,7 @@
 #include <platform/qt/qt_convert.h>
 
 #include "atlas_sources.h"
+#include "autosave.h"
 #include "calibration_menu.h"
 #include "calibration_workbench.h"
 #include "export_menu.h"
@@ -148,7 +149,7 @@ QString MainWindow::showMap(const MapSource& Source, const std::function<void()>
     FCalibration->mapOpened(Source);
   else
     FCalibration->mapClosed();
-  if (!FWidget->underMouse()) FMousePixel.reset();
+  if (!mouseIsOnMap()) FMousePixel.reset();
   FReadout->setMap(map().CalibData().Ellipsoid, map().CalibData().Resolution);
   if (Problem.isEmpty() && Arrive)
     Arrive();
@@ -260,7 +261,7 @@ void MainWindow::updateStatus() {
   FExport->setMap(FShown);
   updateReadout();
   if (!FShown) {
-    setWindowTitle(tr("zavgeo viewer"));
+    setWindowTitle(tr("zavgeo viewer") + QLatin1String("[*]"));
     FName->clear();
     FZoom->clear();
     FScale->clear();
@@ -308,6 +309,7 @@ void MainWindow::dropEvent(QDropEvent* Event) {
 
 void MainWindow::closeEvent(QCloseEvent* Event) {
   if (!FCalibration->letGo() || !FLandmarks->letGo()) return Event->ignore();
+  if (FAutosave != nullptr) FAutosave->finish();
   FCalibration->dock().hide();  // its graticule goes with it
   FLandmarks->dock().hide();
   if (FSettings != nullptr) {

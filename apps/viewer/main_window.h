@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include <QMainWindow>
 #include <QPointF>
@@ -16,6 +17,7 @@
 #include "command_line.h"
 #include "map_list.h"
 #include "map_source.h"
+#include "recovery_folder.h"
 
 class QAction;
 class QDockWidget;
@@ -27,6 +29,7 @@ class QSettings;
 namespace zav {
 
 class AtlasNavigator;
+class Autosave;
 class CalibrationMenu;
 class CalibrationWorkbench;
 class ExportMenu;
@@ -38,6 +41,7 @@ class LayerDock;
 class Layers;
 class LandmarkMenu;
 class LandmarkWorkbench;
+class MapPointer;
 class MessageBar;
 class PlaceMark;
 class ReadoutButton;
@@ -68,6 +72,9 @@ class MainWindow final : public QMainWindow {
   // Writes the maps of the list to a file that opens them all.
   QString saveAtlasList(const QString& Path);
 
+  // From now on unsaved work is kept in a folder; offers what a viewer that crashed has left there.
+  void keepWork(const QString& Folder);
+
   // Makes a map, writes it and opens it.
   QString createMap(const TEmptyMap& Plan, const QString& Path);
   // Shows the place on the map, or on one of the list that has it.
@@ -76,6 +83,8 @@ class MainWindow final : public QMainWindow {
   GeoMapWidget& mapWidget() { return *FWidget; }
   GeoAtlasWidget& atlasWidget() { return *FAtlas; }
   QString message() const;
+  // Nullptr unless unsaved work is kept.
+  Autosave* autosave() { return FAutosave; }
   CalibrationWorkbench& calibration() { return *FCalibration; }
   ToolMenu& tools() { return *FTools; }
   LandmarkWorkbench& landmarks() { return *FLandmarks; }
@@ -98,6 +107,8 @@ class MainWindow final : public QMainWindow {
   void makeCalibration(QMenu& File, QMenu& Edit);
   void makeExport(QMenu& File, QMenu& Edit);
   void makeTools();
+  void makePointer();
+  bool mouseIsOnMap() const;
   void makeLandmarks(QMenu& File, QMenu& Edit);
   void restoreLandmarks();
   QStringList openLandmarks(const QStringList& Paths, QString& Problem);
@@ -120,6 +131,12 @@ class MainWindow final : public QMainWindow {
   void stepThroughMaps(int Direction);
   void fillRecentMenu();
   void restore();
+
+  void offerLeftWork();
+  void recoverLeftWork();
+  // Whether it was recovered; nothing when the user stays with the work that is open.
+  std::optional<bool> recoverCalibration(const LeftWork& Left);
+  std::optional<bool> recoverLandmarks(const LeftWork& Left);
 
   void askFiles();
   void askFolder();
@@ -154,6 +171,9 @@ class MainWindow final : public QMainWindow {
   QAction* FCoarser = nullptr;
   QAction* FAtlasTool = nullptr;
   MessageBar* FMessage = nullptr;
+  MessageBar* FOffer = nullptr;  // of work that a crash has left
+  Autosave* FAutosave = nullptr;
+  std::vector<LeftWork> FLeft;
   MapList* FList = nullptr;
   QListView* FListView = nullptr;
   QDockWidget* FDock = nullptr;
@@ -164,6 +184,7 @@ class MainWindow final : public QMainWindow {
   QMenu* FRecent = nullptr;
   ExportMenu* FExport = nullptr;
   ToolMenu* FTools = nullptr;
+  MapPointer* FPointer = nullptr;
   LandmarkWorkbench* FLandmarks = nullptr;
   LandmarkMenu* FLandmarkMenu = nullptr;
   Layers* FLayers = nullptr;

@@ -10,6 +10,7 @@
 #include <platform/qt/qt_convert.h>
 
 #include "atlas_navigator.h"
+#include "autosave.h"
 #include "calibration_menu.h"
 #include "calibration_workbench.h"
 #include "graticule_menu.h"
@@ -26,6 +27,7 @@ namespace zav {
 
 // What is told of a change must not find a window that is half gone.
 MainWindow::~MainWindow() {
+  delete FAutosave;
   delete FNavigator;
   delete FLayerDock;
   delete FLayers;

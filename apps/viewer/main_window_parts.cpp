@@ -29,6 +29,7 @@
 #include "message_bar.h"
 #include "readout_button.h"
 #include "recent_files.h"
+#include "theme.h"
 #include "view_menu.h"
 
 namespace zav {
@@ -52,6 +53,7 @@ MainWindow::MainWindow(QSettings* Settings, QWidget* Parent)
 void MainWindow::makeCenter() {
   auto* Center = new QWidget(this);
   FMessage = new MessageBar(Center);
+  FOffer = new MessageBar(Center);
   FAtlas = new GeoAtlasWidget(Center);
   FAtlas->setCommandPanelVisible(false);
   FWidget = &FAtlas->mapWidget();
@@ -64,13 +66,14 @@ void MainWindow::makeCenter() {
   connect(FWidget, &QWidget::customContextMenuRequested, this, &MainWindow::showMapMenu);
   connect(FWidget, &GeoMapWidget::mousePositionChanged, this, [this](QPointF MapPixel) {
     // The last position stays when the mouse goes to the status bar to change how it is written.
-    if (!FWidget->underMouse()) return;
+    if (!mouseIsOnMap()) return;
     FMousePixel = middleOfPixel(MapPixel);
     updateReadout();
   });
   auto* Layout = new QVBoxLayout(Center);
   Layout->setContentsMargins(0, 0, 0, 0);
   Layout->setSpacing(0);
+  Layout->addWidget(FOffer);
   Layout->addWidget(FMessage);
   Layout->addWidget(FAtlas, 1);
   setCentralWidget(Center);
@@ -151,6 +154,7 @@ void MainWindow::makeMenus() {
   makeCalibration(*File, *Edit);
   FView->addSeparator();
   FView->addMenu(FReadout->formatMenu());
+  AddThemeMenu(*FView, FSettings);
   QAction* ShowList = FDock->toggleViewAction();
   ShowList->setIcon(MakeIcon(ViewerIcon::MapList));
   ShowList->setText(tr("&List of Maps"));
@@ -184,6 +188,7 @@ void MainWindow::makeMenus() {
   makeLayers(*File);
   makeAtlas(*File);
   makeGeodesy(*File, *Edit);
+  makePointer();
   Bar->addAction(FLandmarkMenu->editLandmarks());
 }
 

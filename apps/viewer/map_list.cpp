@@ -131,7 +131,7 @@ void MapListDelegate::paint(QPainter* Painter, const QStyleOptionViewItem& Optio
   Painter->setFont(Item.font);
   Painter->setPen(Color);
   DrawLine(Qt::DisplayRole, Area.top());
-  Color.setAlphaF(0.65F);
+  Color.setAlphaF(0.85F);  // legible on every ground
   Painter->setPen(Color);
   DrawLine(MapList::DetailRole, Area.top() + LineHeight);
   Painter->restore();

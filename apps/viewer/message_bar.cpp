@@ -14,37 +14,37 @@
 #include <QToolButton>
 
 #include "icons.h"
+#include "theme.h"
 
 namespace zav {
 
 namespace {
 constexpr int StripeWidth = 5;
-const QColor Stripe(0xd9, 0x7b, 0x16);
 }  // namespace
 
 MessageBar::MessageBar(QWidget* Parent)
     : QFrame(Parent),
       FSign(new QLabel(this)),
       FText(new QLabel(this)),
-      FAnswer(new QPushButton(this)) {
+      FAnswer(new QPushButton(this)),
+      FClose(new QToolButton(this)),
+      FLayout(new QHBoxLayout(this)) {
   FText->setWordWrap(true);
   FText->setTextFormat(Qt::PlainText);
   FText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   FText->setAccessibleName(tr("Message"));
-  auto* Close = new QToolButton(this);
-  Close->setAutoRaise(true);
-  Close->setText(tr("Close"));
-  Close->setToolTip(tr("Close this message (Esc)"));
-  Close->setShortcut(Qt::Key_Escape);
-  connect(Close, &QToolButton::clicked, this, &QWidget::hide);
+  FClose->setAutoRaise(true);
+  FClose->setText(tr("Close"));
+  FClose->setToolTip(tr("Close this message (Esc)"));
+  FClose->setShortcut(Qt::Key_Escape);
+  connect(FClose, &QToolButton::clicked, this, &QWidget::hide);
 
-  auto* Layout = new QHBoxLayout(this);
-  Layout->setContentsMargins(StripeWidth + 8, 6, 8, 6);
-  Layout->setSpacing(10);
-  Layout->addWidget(FSign, 0, Qt::AlignTop);
-  Layout->addWidget(FText, 1);
-  Layout->addWidget(FAnswer, 0, Qt::AlignTop);
-  Layout->addWidget(Close, 0, Qt::AlignTop);
+  FLayout->setContentsMargins(StripeWidth + 8, 6, 8, 6);
+  FLayout->setSpacing(10);
+  FLayout->addWidget(FSign, 0, Qt::AlignTop);
+  FLayout->addWidget(FText, 1);
+  FLayout->addWidget(FAnswer, 0, Qt::AlignTop);
+  FLayout->addWidget(FClose, 0, Qt::AlignTop);
   FAnswer->setObjectName(QStringLiteral("answer"));
   connect(FAnswer, &QPushButton::clicked, this, [this] {
     hide();
@@ -59,6 +59,8 @@ void MessageBar::showMessage(const QString& Text) { showQuestion(Text, {}, nullp
 
 void MessageBar::showQuestion(const QString& Text, const QString& Answer,
                               std::function<void()> OnAnswer) {
+  for (QPushButton* Each : std::exchange(FChoices, {})) Each->deleteLater();
+  FClose->show();
   FText->setText(Text);
   FAnswer->setText(Answer);
   FAnswer->setVisible(!Answer.isEmpty());
@@ -68,14 +70,26 @@ void MessageBar::showQuestion(const QString& Text, const QString& Answer,
   QAccessible::updateAccessibility(&Alert);
 }
 
+void MessageBar::showChoices(const QString& Text, const std::vector<Choice>& Choices) {
+  showQuestion(Text, {}, nullptr);
+  FClose->hide();
+  for (const auto& [Answer, OnAnswer] : Choices) {
+    auto* Button = new QPushButton(Answer, this);
+    FChoices.push_back(Button);
+    FLayout->insertWidget(FLayout->indexOf(FClose), Button, 0, Qt::AlignTop);
+    connect(Button, &QPushButton::clicked, this, [this, Do = OnAnswer] {
+      hide();
+      Do();
+    });
+  }
+}
+
 QString MessageBar::text() const { return isHidden() ? QString() : FText->text(); }
 
 void MessageBar::paintEvent(QPaintEvent*) {
   QPainter Painter(this);
-  QColor Ground = Stripe;
-  Ground.setAlphaF(0.18F);
-  Painter.fillRect(rect(), Ground);
-  Painter.fillRect(QRect(0, 0, StripeWidth, height()), Stripe);
+  Painter.fillRect(rect(), MessageGround(palette()));
+  Painter.fillRect(QRect(0, 0, StripeWidth, height()), MessageStripe(palette()));
 }
 
 void MessageBar::changeEvent(QEvent* Event) {

@@ -4,11 +4,14 @@
 #define ZAV_APPS_VIEWER_MESSAGE_BAR_H
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include <QFrame>
 #include <QString>
 
 class QLabel;
+class QHBoxLayout;
 class QPushButton;
 class QToolButton;
 
@@ -23,6 +26,9 @@ class MessageBar final : public QFrame {
   void showMessage(const QString& Text);
   // A message with a button that does something about it and closes the message.
   void showQuestion(const QString& Text, const QString& Answer, std::function<void()> OnAnswer);
+  // A message that stays until one of its buttons is pressed.
+  using Choice = std::pair<QString, std::function<void()>>;
+  void showChoices(const QString& Text, const std::vector<Choice>& Choices);
   QString text() const;
 
  protected:
@@ -35,6 +41,9 @@ class MessageBar final : public QFrame {
   QLabel* FSign;
   QLabel* FText;
   QPushButton* FAnswer;
+  QToolButton* FClose;
+  QHBoxLayout* FLayout;
+  std::vector<QPushButton*> FChoices;
   std::function<void()> FOnAnswer;
 };
 

@@ -104,6 +104,10 @@
         <source>%1 (zavgeo-viewer --help tells the options)</source>
         <translation>%1 (zavgeo-viewer --help nennt die Optionen)</translation>
     </message>
+    <message>
+        <source>Colours of the window: %1.</source>
+        <translation>Farben des Fensters: %1.</translation>
+    </message>
 </context>
 <context>
     <name>ExportPicture</name>
@@ -846,6 +850,36 @@
     </message>
 </context>
 <context>
+    <name>RecoveryFolder</name>
+    <message>
+        <source>the folder &quot;%1&quot; cannot be written</source>
+        <translation>in den Ordner „%1“ kann nicht geschrieben werden</translation>
+    </message>
+</context>
+<context>
+    <name>Theme</name>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;High Contrast</source>
+        <translation>Hoher &amp;Kontrast</translation>
+    </message>
+    <message>
+        <source>As the &amp;System</source>
+        <translation>Wie das &amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>Farbsche&amp;ma</translation>
+    </message>
+</context>
+<context>
     <name>ToolLength</name>
     <message>
         <source>%1 pixels</source>
@@ -1232,6 +1266,14 @@
     <message>
         <source>Calibration files hold degrees to five decimals, about 1 metre, and a pixel of this map is %1 metres. Other programs will find the points off by up to a pixel or more; &quot;%2&quot; stores metres and has no such limit.</source>
         <translation>Kalibrierungsdateien enthalten Grad mit fünf Nachkommastellen, etwa 1 Meter, und ein Pixel dieser Karte misst %1 Meter. In anderen Programmen liegen die Punkte um bis zu einem Pixel oder mehr daneben; „%2“ speichert Meter und hat diese Grenze nicht.</translation>
+    </message>
+    <message>
+        <source>Recover unsaved work</source>
+        <translation>Ungespeicherte Arbeit wiederherstellen</translation>
+    </message>
+    <message>
+        <source>The unsaved work cannot be read.</source>
+        <translation>Die ungespeicherte Arbeit kann nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
@@ -1781,6 +1823,10 @@
         <source>Wrote %1</source>
         <translation>%1 geschrieben</translation>
     </message>
+    <message>
+        <source>Recovered, not saved yet</source>
+        <translation>Wiederhergestellt, noch nicht gespeichert</translation>
+    </message>
 </context>
 <context>
     <name>zav::ExportMenu</name>
@@ -2079,6 +2125,14 @@
             <numerusform>%n Ortsmarke importieren</numerusform>
             <numerusform>%n Ortsmarken importieren</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The unsaved work cannot be read.</source>
+        <translation>Die ungespeicherte Arbeit kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Recover unsaved work</source>
+        <translation>Ungespeicherte Arbeit wiederherstellen</translation>
     </message>
 </context>
 <context>
@@ -2990,6 +3044,10 @@
         <source>Delete all</source>
         <translation>Alle löschen</translation>
     </message>
+    <message>
+        <source>Recovered, not saved yet</source>
+        <translation>Wiederhergestellt, noch nicht gespeichert</translation>
+    </message>
 </context>
 <context>
     <name>zav::LayerDock</name>
@@ -3028,10 +3086,6 @@
     <message>
         <source>What is shown</source>
         <translation>Was gezeigt wird</translation>
-    </message>
-    <message>
-        <source>What is shown; a double click chooses the colour</source>
-        <translation>Was gezeigt wird; ein Doppelklick wählt die Farbe</translation>
     </message>
     <message>
         <source>Find a name or a part of it</source>
@@ -3085,6 +3139,10 @@
     <message>
         <source>Class %1, item %2</source>
         <translation>Klasse %1, Objekt %2</translation>
+    </message>
+    <message>
+        <source>What is shown; a double click or Enter chooses the colour</source>
+        <translation>Was gezeigt wird; Doppelklick oder Eingabetaste wählt die Farbe</translation>
     </message>
 </context>
 <context>
@@ -3408,6 +3466,54 @@
     <message>
         <source>O&amp;utlines of Other Maps</source>
         <translation>&amp;Umrisse anderer Karten</translation>
+    </message>
+    <message>
+        <source>Unsaved work would be lost in a crash, because it cannot be kept: %1</source>
+        <translation>Ungespeicherte Arbeit ginge bei einem Absturz verloren, denn sie kann nicht aufbewahrt werden: %1</translation>
+    </message>
+    <message>
+        <source>Unsaved work that was kept before a crash is damaged and cannot be recovered. It was put aside: %1</source>
+        <translation>Ungespeicherte Arbeit, die vor einem Absturz aufbewahrt wurde, ist beschädigt und kann nicht wiederhergestellt werden. Sie wurde beiseitegelegt: %1</translation>
+    </message>
+    <message>
+        <source>The viewer ended before the calibration of &quot;%1&quot; was saved (%2).</source>
+        <translation>Das Programm endete, bevor die Kalibrierung von „%1“ gespeichert war (%2).</translation>
+    </message>
+    <message>
+        <source>The viewer ended before the landmarks were saved (%1).</source>
+        <translation>Das Programm endete, bevor die Ortsmarken gespeichert waren (%1).</translation>
+    </message>
+    <message>
+        <source>The viewer ended before the landmarks of &quot;%1&quot; were saved (%2).</source>
+        <translation>Das Programm endete, bevor die Ortsmarken von „%1“ gespeichert waren (%2).</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; has been changed since. It stays as it is until you save the recovered work.</source>
+        <translation>Die Datei „%1“ wurde seitdem geändert. Sie bleibt, wie sie ist, bis Sie die wiederhergestellte Arbeit speichern.</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Später</translation>
+    </message>
+    <message>
+        <source>Pointer b&amp;y Keys</source>
+        <translation>Zeiger mit &amp;Tasten</translation>
+    </message>
+    <message>
+        <source>Do what the mouse does on the map with the arrow keys and Enter (K)</source>
+        <translation>Mit Pfeiltasten und Eingabetaste tun, was die Maus auf der Karte tut (K)</translation>
+    </message>
+    <message>
+        <source>Arrows: move. Shift: farther. Enter: click. Shift+Enter: drag. K: end</source>
+        <translation>Pfeile: bewegen. Umschalt: weiter. Eingabe: Klick. Umschalt+Eingabe: ziehen. K: beenden</translation>
     </message>
 </context>
 <context>

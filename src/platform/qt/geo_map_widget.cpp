@@ -17,6 +17,7 @@
 
 #include <geoatlas/map_register.h>
 #include <platform/base/paths.h>
+#include <platform/qt/geo_map_accessible.h>
 #include <platform/qt/qt_control_window.h>
 #include <platform/qt/qt_convert.h>
 #include <platform/qt/qt_guard.h>
@@ -42,6 +43,7 @@ GeoMapWidget::GeoMapWidget(QWidget* Parent)
   FGestureEnd.setInterval(GesturePause);
   connect(&FGestureEnd, &QTimer::timeout, this, [this] { Guarded([this] { EndGesture(); }); });
   resize(FMap->Width(), FMap->Height());
+  FollowForAccessibility(*this);
 }
 
 GeoMapWidget::~GeoMapWidget() { FMap->RemoveObserver(this); }

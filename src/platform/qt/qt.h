@@ -5,6 +5,7 @@
 #define ZAV_PLATFORM_QT_QT_H
 
 #include <platform/qt/geo_atlas_widget.h>
+#include <platform/qt/geo_map_accessible.h>
 #include <platform/qt/geo_map_widget.h>
 #include <platform/qt/qt_clipboard.h>
 #include <platform/qt/qt_control_window.h>

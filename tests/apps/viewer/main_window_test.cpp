@@ -12,9 +12,11 @@
 #include <QLabel>
 #include <QListView>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTest>
+#include <QToolBar>
 #include <QWheelEvent>
 
 #include <platform/qt/geo_map_widget.h>
@@ -268,6 +270,33 @@ TEST_F(MainWindowTest, ListsFoldersTakesDropsAndRemembers) {
   EXPECT_FALSE(Widget().antiAlias());
   EXPECT_EQ(Readout().format(), ReadoutFormat::Utm);
   EXPECT_EQ(FSettings->value("recentFiles").toStringList(), QStringList{FFolder.Dir.path()});
+}
+
+TEST_F(MainWindowTest, TheWindowComesBackWhereItCanBeSeen) {
+  const QRect Screen = FWindow->screen()->availableGeometry();
+  auto& Bar = *FWindow->findChild<QToolBar*>("mouse-tools");
+  auto& Dock = *FWindow->findChild<QDockWidget*>("maps");
+  Bar.hide();
+  FWindow->addToolBar(Qt::LeftToolBarArea, FWindow->findChild<QToolBar*>("tools"));
+  FWindow->addDockWidget(Qt::RightDockWidgetArea, &Dock);
+  // On a screen that is not there the next time.
+  FWindow->setGeometry(Screen.right() + 3000, Screen.bottom() + 2000, 640, 480);
+  FWindow->close();
+  FWindow = std::make_unique<MainWindow>(FSettings.get());
+  FWindow->show();
+  EXPECT_TRUE(Screen.contains(FWindow->geometry().center()));
+  EXPECT_EQ(FWindow->size(), QSize(640, 480));
+  EXPECT_TRUE(FWindow->findChild<QToolBar*>("mouse-tools")->isHidden());
+  EXPECT_EQ(FWindow->toolBarArea(FWindow->findChild<QToolBar*>("tools")), Qt::LeftToolBarArea);
+  EXPECT_EQ(FWindow->dockWidgetArea(FWindow->findChild<QDockWidget*>("maps")),
+            Qt::RightDockWidgetArea);
+  // Settings that make no sense are as good as none.
+  FSettings->setValue("window/geometry", QByteArray("\x01\xd9\xd0\xcb rubbish"));
+  FSettings->setValue("window/state", QByteArray("rubbish"));
+  FSettings->setValue("readout/format", "rubbish");
+  FSettings->setValue("view/theme", 17);
+  Start();
+  EXPECT_TRUE(Screen.intersects(FWindow->geometry()));
 }
 
 TEST_F(MainWindowTest, IconsShowOnDarkThemes) {
