@@ -38,7 +38,6 @@ class MapSpeaker final : public QObject {
     connect(&Widget, &GeoMapWidget::mousePositionChanged, this,
             [this](QPointF, double Lat, double Long, bool Valid) {
               FText = Valid ? TextOf({Lat, Long}) : QString();
-              if (!QAccessible::isActive()) return;
               QAccessibleValueChangeEvent Event(&FWidget, FText);
               QAccessible::updateAccessibility(&Event);
             });
@@ -52,7 +51,6 @@ class MapSpeaker final : public QObject {
 
  private:
   void tell(QAccessible::Event Kind) {
-    if (!QAccessible::isActive()) return;
     QAccessibleEvent Event(&FWidget, Kind);
     QAccessible::updateAccessibility(&Event);
   }
