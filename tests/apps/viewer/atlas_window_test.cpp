@@ -223,7 +223,7 @@ TEST_F(AtlasWindowTest, OutlinesTellTheirNamesAndThumbnailsComeLater) {
   const TMapDefinition Australia = FWindow->atlasWidget().atlas().GetMapDef(4);
   const QPoint Corner = ControlAt(Australia.Corners[0].Latit, Australia.Corners[0].Longit);
   QTest::mouseMove(&Widget(), Corner + QPoint(40, 1));
-  EXPECT_EQ(QToolTip::text(), QStringLiteral("Australia, 4,125 m/pixel"));
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("Australia, %L1 m/pixel").arg(4125));
   const auto Gone = [] { return !QToolTip::isVisible(); };
   QTest::mouseMove(&Widget(), Corner + QPoint(40, 30));
   EXPECT_TRUE(QTest::qWaitFor(Gone)) << "inside it is only the map";

@@ -58,7 +58,8 @@ TEST_F(ImportTest, ALargeScanBecomesASmallerMapWithItsPoints) {
   }
   const QStringList Before = Files();
   EXPECT_NE(FWindow.openAll({Path}), "");
-  EXPECT_TRUE(FWindow.message().contains("5,000 x 4,000")) << FWindow.message().toStdString();
+  EXPECT_TRUE(FWindow.message().contains(QStringLiteral("%L1 x %L2").arg(5000).arg(4000)))
+      << FWindow.message().toStdString();
   EXPECT_TRUE(FWindow.message().contains("scan_small.jpg"));
   ASSERT_TRUE(Answer().isVisible());
 
