@@ -138,13 +138,18 @@ void Driver::menu(const QString& Menu, const QString& Entry,
   QMenuBar& Bar = *FWindow->menuBar();
   QAction& Title = Find(Bar.actions(), Menu);
   click(Bar, Bar.actionGeometry(&Title).center());
-  QMenu& Open = *Title.menu();
-  QAction& Action = Find(Open.actions(), Entry);
-  if (!Action.isEnabled()) Fail(Entry + " is disabled");
   if (Meanwhile) whenDialogOpens(Meanwhile);
-  click(Open, Open.actionGeometry(&Action).center());
+  popup(Entry);
   if (!QTest::qWaitFor([this] { return FExpected == 0; }, DialogTimeout))
     Fail(Entry + " opens no dialog");
+}
+
+void Driver::popup(const QString& Entry) {
+  auto* Open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  if (Open == nullptr) Fail("no menu is open for " + Entry);
+  QAction& Action = Find(Open->actions(), Entry);
+  if (!Action.isEnabled()) Fail(Entry + " is disabled");
+  click(*Open, Open->actionGeometry(&Action).center());
 }
 
 void Driver::whenDialogOpens(const std::function<void(QWidget&)>& Do) {

@@ -61,6 +61,8 @@ class Driver {
   // Meanwhile is done while the dialog that the entry opens is there.
   void menu(const QString& Menu, const QString& Entry,
             const std::function<void(QWidget&)>& Meanwhile = nullptr);
+  // Chooses an entry of the menu that is open.
+  void popup(const QString& Entry);
   // Does something as soon as a dialog is open, another than the one open now.
   void whenDialogOpens(const std::function<void(QWidget&)>& Do);
   // Types a name into the dialog for files that is open, and Enter.

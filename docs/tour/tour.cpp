@@ -23,6 +23,8 @@
 #include <geobasics/countries.h>
 #include <platform/qt/geo_map_widget.h>
 
+#include <language.h>
+
 #include "driver.h"
 
 namespace zav::tour {
@@ -103,7 +105,7 @@ void Measuring(Driver& Tour) {
   Tour.key(Qt::Key_G, Qt::ControlModifier);
   Tour.type("ber");
   QWidget& Dialog = *QApplication::activeWindow();
-  Tour.picture("go_to", Dialog, QRect(0, 0, 420, 220));
+  Tour.picture("go_to", Dialog, QRect(0, 0, Dialog.width(), 156));
   Dialog.close();
 }
 
@@ -159,6 +161,11 @@ void Calibrating(Driver& Tour) {
   Tour.picture("calibrating_wrong_point");
   Tour.key(Qt::Key_Z, Qt::ControlModifier);
   Tour.key(Qt::Key_S, Qt::ControlModifier);
+  Tour.menu("View", "Theme");
+  Tour.popup("High Contrast");
+  Tour.picture("viewer_contrast");
+  Tour.menu("View", "Theme");
+  Tour.popup("As the System");
   if (!Tour.scratch().exists("europe.xml")) Fail("the calibration was not saved");
 
   QFile::copy(ZAVGEO_SAMPLES "/maps/australia_laea.jpg", Tour.scratch().filePath("australia.jpg"));
@@ -210,7 +217,7 @@ void Databases(Driver& Tour) {
         QStringList{"db", "import", Base, ZAVGEO_TOUR "/rivers.geojson"}})
     if (QProcess::execute(ZAVGEO_PROGRAM, Arguments) != 0) Fail("the database cannot be made");
   Tour.begin(Large, {Tour.copy("europe_conic.xml"), Base + ".zavgds"});
-  Tour.key(Qt::Key_F, Qt::ControlModifier);
+  Tour.key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
   Tour.type("danube");
   Tour.key(Qt::Key_Return);
   Tour.picture("databases");
@@ -238,7 +245,11 @@ int main(int argc, char** argv) {
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   QApplication App(argc, argv);
   if (argc != 3) Fail("usage: zavgeo_tour PICTURES SCRATCH");
-  Driver Tour{QDir(argv[1]), QDir(argv[2])};
+  zav::UseLanguage("en");
+  const QDir Pictures(QDir(argv[1]).absolutePath());
+  const QDir Scratch(QDir(argv[2]).absolutePath());
+  QDir::setCurrent(Scratch.filePath(".."));  // messages name the folder
+  Driver Tour(Pictures, Scratch);
   for (void (*Stage)(Driver&) :
        {Viewing, Messages, Measuring, Calibrating, Landmarks, Databases, Atlas})
     Stage(Tour);

@@ -3,6 +3,7 @@
 #include <platform/base/file_ops.h>
 
 #include <fstream>
+#include <locale>
 #include <sstream>
 
 #include "db_fixture.h"
@@ -25,6 +26,7 @@ std::map<std::string, std::vector<uint8_t>> ExampleFiles() {
       continue;
     }
     std::istringstream Words(Text);
+    Words.imbue(std::locale::classic());
     size_t Offset = 0;
     Words >> std::hex >> Offset;
     while (Repeat && File->size() < Offset) File->insert(File->end(), Line.begin(), Line.end());

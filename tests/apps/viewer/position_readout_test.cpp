@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <QLocale>
+
 #include <limits>
 #include <ostream>
 
@@ -79,8 +81,8 @@ TEST(PositionReadout, ParsesPositionsUnderEveryLocale) {
 }
 
 TEST(PositionReadout, ScaleHasTwoDigits) {
-  EXPECT_EQ(ScaleText(290, 1, 96).remove(QChar(',')), "Scale 1:1100000");
-  EXPECT_EQ(ScaleText(290, 2, 96).remove(QChar(',')), "Scale 1:550000");
+  EXPECT_EQ(ScaleText(290, 1, 96).remove(QLocale().groupSeparator()), "Scale 1:1100000");
+  EXPECT_EQ(ScaleText(290, 2, 96).remove(QLocale().groupSeparator()), "Scale 1:550000");
   EXPECT_EQ(ScaleText(0, 1, 96), "");
   EXPECT_EQ(ScaleText(Nan, 1, 96), "");
 }

@@ -8,6 +8,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTest>
 
@@ -21,6 +22,9 @@
 
 namespace zav {
 namespace {
+
+// As the user's locale writes it.
+QString Scale(int Denominator) { return QStringLiteral("1:%L1").arg(Denominator); }
 
 // The control points make a degree 100 pixels, so that a pixel is about 1112 metres.
 class PrintTest : public ::testing::Test {
@@ -83,8 +87,8 @@ TEST_F(PrintTest, ScaleBarsAreRoundAndAsLongAsTheySay) {
   EXPECT_EQ(ScaleBarLength(5000), 5000);
   EXPECT_EQ(ScaleBarLength(0.3), 0.2);
   EXPECT_EQ(ScaleBarLength(0), 0);
-  EXPECT_EQ(PaperScaleText(25000), "1:25,000");
-  EXPECT_EQ(PaperScaleText(1234567.8), "1:1,230,000");
+  EXPECT_EQ(PaperScaleText(25000), Scale(25000));
+  EXPECT_EQ(PaperScaleText(1234567.8), Scale(1230000));
   FPrinter.BeginDoc("x");
   DrawPage(Map(), FPrinter, {true, 10000000, true}, "Sicily");
   FPrinter.EndDoc();
@@ -92,7 +96,7 @@ TEST_F(PrintTest, ScaleBarsAreRoundAndAsLongAsTheySay) {
   const std::string Legend = FPrinter.Drawn[1].Canvas->Text();
   EXPECT_NE(Legend.find("\"Sicily\" font MS Sans Serif 40.625 000000 bold"), std::string::npos)
       << Legend;
-  EXPECT_NE(Legend.find("\"1:10,000,000\""), std::string::npos) << Legend;
+  EXPECT_NE(Legend.find('"' + Scale(10000000).toStdString() + '"'), std::string::npos) << Legend;
   // 300 km are 30 mm; the longest round length below a third of the map's width.
   EXPECT_EQ(FPrinter.Drawn[1].Canvas->CountOf("Rectangle"), 5U) << Legend;
   const double Third = FWidth * Map().CalibData().Resolution / 3;
@@ -121,7 +125,7 @@ TEST_F(PrintTest, TheDialogSavesWhatItShows) {
     EXPECT_EQ(Dialog.setup().Denominator, 1000000);
     EXPECT_TRUE(Dialog.note().contains("only the middle")) << Dialog.note().toStdString();
     Scale.setEditText("10000000");
-    EXPECT_TRUE(Dialog.note().contains("1:10,000,000")) << Dialog.note().toStdString();
+    EXPECT_TRUE(Dialog.note().contains(::zav::Scale(10000000))) << Dialog.note().toStdString();
     Boxes[2]->setCurrentText("A3");
     EXPECT_EQ(Dialog.savePdf(Pdf), "");
     EXPECT_TRUE(Dialog.savePdf(Protected[0]).contains("belongs to the map"));
@@ -139,7 +143,8 @@ TEST_F(PrintTest, TheDialogSavesWhatItShows) {
   EXPECT_TRUE(Bytes.contains("842") && (Bytes.contains("1191") || Bytes.contains("1190")));
   if (QProcess::execute("pdftotext", {"-v"}) == 0) {
     EXPECT_TRUE(Text(Pdf).contains("Sicily"));
-    EXPECT_TRUE(Text(Pdf).contains("1:10,000,000"));
+    // pdftotext has blanks of its own for the thin ones of some languages.
+    EXPECT_TRUE(Text(Pdf).remove(QRegularExpression("[^0-9:]")).contains("1:10000000"));
     EXPECT_TRUE(Text(Pdf).contains("200 km") || Text(Pdf).contains("100 km"));
   }
   // Paper is remembered; a handler that fails is told of, not thrown.

@@ -4,7 +4,7 @@
 
 #include <geomap/view/mouse_tools.h>
 
-#include <cstdio>
+#include <charconv>
 #include <string>
 #include <vector>
 
@@ -18,8 +18,9 @@ std::string Text(TPoint P) { return std::to_string(P.X) + "," + std::to_string(P
 
 std::string Text(double Number) {
   char Digits[32];
-  std::snprintf(Digits, sizeof Digits, "%.5g", Number);
-  return Digits;
+  const auto End =
+      std::to_chars(Digits, Digits + sizeof Digits, Number, std::chars_format::general, 5).ptr;
+  return {Digits, End};
 }
 
 // What a result asks for, in the order in which it is to be done.

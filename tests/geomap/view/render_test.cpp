@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <locale>
 #include <sstream>
 
 #include "map_support.h"
@@ -48,6 +49,7 @@ struct TPicture {
 
 std::vector<TPoint> PointsOf(const std::string& Line) {
   std::istringstream In(Line);
+  In.imbue(std::locale::classic());
   std::vector<TPoint> Points;
   std::string Word;
   In >> Word;
