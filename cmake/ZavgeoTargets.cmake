@@ -55,14 +55,18 @@ function(zavgeo_library Name)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${arg_LINKS} PRIVATE $<BUILD_INTERFACE:zavgeo_options>
                                                               ${arg_PRIVATE_LINKS})
-  # Only what is marked with ZAVGEO_API leaves a shared library. Static and shared objects are
-  # compiled alike (no DEFINE_SYMBOL), so that the second build comes from the cache.
+  # Only what is marked with ZAVGEO_API is seen outside. Shared libraries still export everything:
+  # some functions that one library takes from another are not marked yet.
+  set(visibility hidden)
+  if(BUILD_SHARED_LIBS)
+    set(visibility default)
+  endif()
   set_target_properties(
     ${target}
     PROPERTIES EXPORT_NAME ${Name}
                VERSION ${PROJECT_VERSION}
                SOVERSION ${PROJECT_VERSION_MAJOR}
-               CXX_VISIBILITY_PRESET hidden
+               CXX_VISIBILITY_PRESET ${visibility}
                VISIBILITY_INLINES_HIDDEN ON
                DEFINE_SYMBOL "")
   set_property(GLOBAL APPEND PROPERTY ZAVGEO_LIBRARIES ${target})
